@@ -1,0 +1,20 @@
+# Compile options of our own code. Third-party code is built without them (see Dependencies.cmake).
+add_library(tessivo_options INTERFACE)
+target_include_directories(tessivo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(tessivo_options INTERFACE
+  -Wall -Wextra -Werror -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+  -Wcast-align -Wimplicit-fallthrough -Wextra-semi)
+
+if(WIN32)
+  target_compile_definitions(tessivo_options INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+  # C casts inside the system's macros (MAKEINTRESOURCE and the like) are not ours to mend.
+  target_compile_options(tessivo_options INTERFACE -Wno-old-style-cast -Wno-cast-function-type)
+  # No run-time dependency beyond Windows: libgcc, libstdc++ and winpthread go into the program.
+  target_link_options(tessivo_options INTERFACE -static)
+endif()
+
+if(TESSIVO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=address,undefined)
+endif()
