@@ -57,7 +57,7 @@ class MediaPlayerSlot {
 
   Signal<MediaPlayState> playStateChange;
   Signal<> mediaError;
-  Signal<MouseButton> click;      ///< pressed and released
+  Signal<MouseButton> click;  ///< pressed and released
   Signal<> doubleClick;
   Signal<MouseButton> mouseDown;
   Signal<MouseButton> mouseUp;

@@ -1,0 +1,110 @@
+#include "ui/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessivo::ui {
+namespace {
+
+// The frame of a form that has no window behind it, in pixels: what a usual desktop draws.
+constexpr std::int32_t kModelFrame = 4;
+constexpr std::int32_t kModelCaption = 22;
+
+void detach(Container& container) {
+  for (Control* child : container.children()) {
+    if (auto* inner = dynamic_cast<Container*>(child)) detach(*inner);
+    child->detachPeer();
+  }
+}
+
+}  // namespace
+
+Form::Form(std::string name, std::string caption, TwipsPerPixel twipsPerPixel)
+    : Container(nullptr, std::move(name)),
+      caption_(std::move(caption)),
+      twipsPerPixel_(twipsPerPixel) {
+  setVisible(false);
+}
+
+Form::~Form() = default;
+
+void Form::setCaption(std::string caption) {
+  if (caption_ == caption) return;
+  caption_ = std::move(caption);
+  changed(Aspect::caption);
+}
+
+void Form::setBoxes(bool controlBox, bool minButton, bool maxButton) {
+  controlBox_ = controlBox;
+  minButton_ = minButton;
+  maxButton_ = maxButton;
+  frameStyle_ = frame::kCaption | frame::kSizingFrame | (controlBox ? frame::kSystemMenu : 0) |
+                (minButton ? frame::kMinimiseBox : 0) | (maxButton ? frame::kMaximiseBox : 0);
+}
+
+Rect Form::windowRect() const {
+  if (peer()) return formPeer()->windowRect();
+  return {toPixels(left(), twipsPerPixel_.x), toPixels(top(), twipsPerPixel_.y),
+          toPixels(width(), twipsPerPixel_.x), toPixels(height(), twipsPerPixel_.y)};
+}
+
+Rect Form::innerSize() const {
+  if (peer()) return formPeer()->innerSize();
+  const std::int32_t border = frameStyle_ & frame::kSizingFrame ? kModelFrame : 0;
+  const std::int32_t title = (frameStyle_ & frame::kCaption) == frame::kCaption ? kModelCaption : 0;
+  return {0, 0, std::max(0, width() - toTwips(2 * border, twipsPerPixel_.x)),
+          std::max(0, height() - toTwips(2 * border + title, twipsPerPixel_.y))};
+}
+
+void Form::setWindowState(WindowState state) {
+  if (windowState_ == state) return;
+  windowState_ = state;
+  if (peer()) formPeer()->windowStateChanged();
+}
+
+void Form::setFrameStyle(std::uint32_t bits) {
+  frameStyle_ = bits;
+  if (peer()) formPeer()->frameStyleChanged();
+}
+
+void Form::setWindowPos(const Rect& pixels) {
+  if (peer()) {
+    formPeer()->setWindowPos(pixels);
+    return;
+  }
+  noteMoved({toTwips(pixels.left, twipsPerPixel_.x), toTwips(pixels.top, twipsPerPixel_.y),
+             toTwips(pixels.width, twipsPerPixel_.x), toTwips(pixels.height, twipsPerPixel_.y)});
+}
+
+void Form::setTopmost(bool topmost) {
+  if (topmost_ == topmost) return;
+  topmost_ = topmost;
+  if (peer()) formPeer()->topmostChanged();
+}
+
+void Form::activate() {
+  if (peer()) formPeer()->activate();
+}
+
+void Form::unload() {
+  detach(*this);
+  detachPeer();
+}
+
+void Form::popupMenu(MenuItem& menu) {
+  onPopup.raise(menu);
+  if (!peer()) return;
+  if (MenuItem* chosen = formPeer()->popupMenu(menu)) chosen->choose();
+}
+
+void Form::noteMoved(const Rect& twips) {
+  const bool resized = twips.width != width() || twips.height != height();
+  noteBounds(twips);
+  if (resized) onResize.raise();
+}
+
+void Form::noteWindowState(WindowState state) {
+  windowState_ = state;
+}
+
+}  // namespace tessivo::ui

@@ -1,0 +1,156 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/Control.h"
+#include "ui/Menu.h"
+
+namespace tessivo::ui {
+
+enum class WindowState { normal = 0, minimised = 1, maximised = 2 };
+
+/// The bits of a form's window style that the program switches.
+namespace frame {
+inline constexpr std::uint32_t kSystemMenu = 0x80000;
+inline constexpr std::uint32_t kMaximiseBox = 0x10000;
+inline constexpr std::uint32_t kMinimiseBox = 0x20000;
+inline constexpr std::uint32_t kCaption = 0xC00000;
+inline constexpr std::uint32_t kSizingFrame = 0x40000;
+inline constexpr std::uint32_t kAll = 0xCF0000;
+}  // namespace frame
+
+/// The real window behind a form.
+class FormPeer : public Peer {
+ public:
+  virtual void windowStateChanged() = 0;
+  virtual void topmostChanged() = 0;
+  /// The window style's frame bits were changed; the frame is not recomputed yet.
+  virtual void frameStyleChanged() = 0;
+  /// Moves and sizes the window (pixels), recomputing the frame; order above other windows stays.
+  virtual void setWindowPos(const Rect& pixels) = 0;
+  /// The outer rectangle in pixels.
+  virtual Rect windowRect() const = 0;
+  /// The inner size in twips (only width and height count).
+  virtual Rect innerSize() const = 0;
+  /// Brings the window to the front and gives it the keyboard.
+  virtual void activate() = 0;
+  /// Shows the menu at the pointer; returns the entry chosen, nothing when none was.
+  virtual MenuItem* popupMenu(MenuItem& menu) = 0;
+};
+
+/// Files that another program dropped on a form.
+class DroppedFiles {
+ public:
+  virtual ~DroppedFiles() = default;
+  virtual std::uint32_t count() const = 0;
+  virtual std::string path(std::uint32_t index) const = 0;  ///< from 0
+};
+
+class Form;
+
+/// Makes the real windows of a form; the native tests' toolkit makes none.
+class Toolkit {
+ public:
+  virtual ~Toolkit() = default;
+  /// Creates the form's window, hidden, with all its controls. The form is complete and has its
+  /// designed bounds.
+  virtual void open(Form& form) = 0;
+};
+
+/// A top-level window. Bounds in twips of the virtual screen, outer size. Life: constructed with
+/// its controls, opened by a toolkit, shown and hidden, unloaded (its windows are gone, the object
+/// stays as it was).
+class Form : public Container {
+ public:
+  Form(std::string name, std::string caption, TwipsPerPixel twipsPerPixel);
+  ~Form() override;
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  TwipsPerPixel twipsPerPixel() const { return twipsPerPixel_; }
+
+  // Designed properties, fixed before the form is opened.
+  bool controlBox() const { return controlBox_; }
+  bool maxButton() const { return maxButton_; }
+  bool minButton() const { return minButton_; }
+  void setBoxes(bool controlBox, bool minButton, bool maxButton);
+  bool acceptsFiles() const { return acceptsFiles_; }
+  void setAcceptsFiles(bool accepts) { acceptsFiles_ = accepts; }
+  /// Smallest outer size in twips that the user can give the window; 0: the system's.
+  void setMinimumSize(std::int32_t width, std::int32_t height) {
+    minimumSize_ = {0, 0, width, height};
+  }
+  const Rect& minimumSize() const { return minimumSize_; }
+
+  // Placement, one edge at a time. All in twips.
+  std::int32_t left() const { return bounds().left; }
+  std::int32_t top() const { return bounds().top; }
+  std::int32_t width() const { return bounds().width; }
+  std::int32_t height() const { return bounds().height; }
+  void setLeft(std::int32_t v) { setBounds({v, top(), width(), height()}); }
+  void setTop(std::int32_t v) { setBounds({left(), v, width(), height()}); }
+  void setWidth(std::int32_t v) { setBounds({left(), top(), v, height()}); }
+  void setHeight(std::int32_t v) { setBounds({left(), top(), width(), v}); }
+  /// The inner size in twips.
+  std::int32_t scaleWidth() const { return innerSize().width; }
+  std::int32_t scaleHeight() const { return innerSize().height; }
+  /// The outer rectangle in pixels.
+  Rect windowRect() const;
+
+  WindowState windowState() const { return windowState_; }
+  void setWindowState(WindowState state);
+  std::uint32_t frameStyle() const { return frameStyle_; }
+  void setFrameStyle(std::uint32_t bits);
+  /// Moves and sizes the window in pixels, recomputing the frame.
+  void setWindowPos(const Rect& pixels);
+  /// Above all windows that are not topmost themselves.
+  bool topmost() const { return topmost_; }
+  void setTopmost(bool topmost);
+
+  bool isOpen() const { return peer() != nullptr; }
+  void show() { setVisible(true); }
+  void hide() { setVisible(false); }
+  void activate();
+  /// Destroys the windows of the form and of its controls.
+  void unload();
+  /// Pops the menu up at the pointer and carries out the entry that the user chose, after the menu
+  /// is gone. Without a peer it only raises `onPopup`.
+  void popupMenu(MenuItem& menu);
+
+  // What the user or the system does.
+  /// The window was moved or sized; raises `onResize` when the size differs.
+  void noteMoved(const Rect& twips);
+  void noteWindowState(WindowState state);
+  void close() { onClose.raise(); }
+
+  Signal<> onResize;
+  /// The user asks to close the window; the form decides what that means.
+  Signal<> onClose;
+  Signal<> onActivate;
+  Signal<> onDeactivate;
+  Signal<MenuItem&> onPopup;
+  Signal<const DroppedFiles&> onFilesDropped;
+  /// The session ends: save what must be saved, ask nothing.
+  Signal<> onEndSession;
+
+  void accept(ControlVisitor&) override {}
+
+ private:
+  FormPeer* formPeer() const { return static_cast<FormPeer*>(peer()); }
+  Rect innerSize() const;
+
+  std::string caption_;
+  TwipsPerPixel twipsPerPixel_;
+  bool controlBox_ = true;
+  bool maxButton_ = true;
+  bool minButton_ = true;
+  bool acceptsFiles_ = false;
+  Rect minimumSize_;
+  WindowState windowState_ = WindowState::normal;
+  std::uint32_t frameStyle_ = frame::kAll;
+  bool topmost_ = false;
+};
+
+}  // namespace tessivo::ui

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "base/KeyedSequence.h"
+#include "ui/Control.h"
+
+namespace tessivo::ui {
+
+/// A row of a list view: the first column's text is empty, `subItems` are the columns after it.
+struct ListRow {
+  std::string key;
+  std::string tag;
+  std::vector<std::string> subItems;
+  bool bold = false;
+  bool checked = false;
+};
+
+/// What a list view's peer follows beyond the common aspects. Row numbers count from 0.
+class ListViewPeer : public Peer {
+ public:
+  virtual void rowCountChanged(int count) = 0;
+  virtual void rowChanged(int row) = 0;
+  virtual void selectionChanged(int row) = 0;  ///< -1: none
+  virtual void ensureVisible(int row) = 0;
+  /// The row at that height, in twips from the list's top; -1 when there is none.
+  virtual int rowAt(std::int32_t y) const = 0;
+};
+
+/// A report-mode list with optional check boxes and single selection. The rows live here and only
+/// here; the peer asks for what it draws. Appending, finding by key and changing a row do not grow
+/// with the list; removing and moving cost about the square root of its length.
+class ListView : public Control {
+ public:
+  using Control::Control;
+  struct Column {
+    std::string header;
+    std::int32_t width = 0;  ///< twips
+  };
+
+  /// Before the form is opened.
+  void addColumn(std::string header, std::int32_t width) {
+    columns_.push_back({std::move(header), width});
+  }
+  const std::vector<Column>& columns() const { return columns_; }
+  bool hasCheckBoxes() const { return hasCheckBoxes_; }
+  void setHasCheckBoxes(bool has) { hasCheckBoxes_ = has; }
+
+  int rowCount() const;
+  const ListRow& row(int index) const;
+  /// Row number of a key; -1 when no row has it.
+  int indexOf(const std::string& key) const;
+
+  int append(ListRow row);
+  void remove(int index);
+  void clear();
+  /// Exchanges a row with the one after it.
+  void swapWithNext(int index);
+  void setTagAndBold(int index, std::string tag, bool bold);
+  void setChecked(int index, bool checked);
+  void setAllChecked(bool checked);
+
+  int selected() const { return selected_; }  ///< -1: none
+  /// Silent.
+  void select(int index);
+  void ensureVisible(int index);
+  /// The row at that height (twips from the list's top); -1 when there is none.
+  int rowAt(std::int32_t y) const;
+
+  // What the user does.
+  void clickRow(int index);
+  void tick(int index, bool checked);
+
+  Signal<int> onItemClick;
+  Signal<int> onItemCheck;
+  void accept(ControlVisitor& visitor) override;
+
+ private:
+  ListViewPeer* listPeer() const { return static_cast<ListViewPeer*>(peer()); }
+
+  std::vector<Column> columns_;
+  bool hasCheckBoxes_ = false;
+  KeyedSequence<ListRow> rows_;
+  int selected_ = -1;
+};
+
+}  // namespace tessivo::ui
