@@ -11,8 +11,11 @@ endfunction()
 tessivo_require(${TESSIVO_DEPS_DIR}/sqlite3/sqlite3.c "SQLite's amalgamation")
 add_library(sqlite3 STATIC ${TESSIVO_DEPS_DIR}/sqlite3/sqlite3.c)
 target_include_directories(sqlite3 SYSTEM PUBLIC ${TESSIVO_DEPS_DIR}/sqlite3)
+# The retry settings bound what a file that another program keeps shut may cost the user-interface
+# thread on Windows: 5 + 10 + 15 ms instead of 1.4 s.
 target_compile_definitions(sqlite3 PRIVATE
-  SQLITE_THREADSAFE=0 SQLITE_OMIT_LOAD_EXTENSION SQLITE_DEFAULT_MEMSTATUS=0 SQLITE_DQS=0)
+  SQLITE_THREADSAFE=0 SQLITE_OMIT_LOAD_EXTENSION SQLITE_DEFAULT_MEMSTATUS=0 SQLITE_DQS=0
+  SQLITE_WIN32_IOERR_RETRY=3 SQLITE_WIN32_IOERR_RETRY_DELAY=5)
 target_compile_options(sqlite3 PRIVATE -w)
 if(NOT WIN32)
   target_link_libraries(sqlite3 PUBLIC m)

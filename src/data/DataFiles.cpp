@@ -1,0 +1,36 @@
+#include "data/DataFiles.h"
+
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "base/Text.h"
+
+namespace tessivo {
+
+std::filesystem::path toFilePath(const std::string& path) {
+#ifdef _WIN32
+  const auto utf16 = toUtf16(path);
+  return std::filesystem::path(std::wstring(utf16.begin(), utf16.end()));
+#else
+  return std::filesystem::path(path);
+#endif
+}
+
+bool isAccessFile(const std::string& path) {
+  std::ifstream file(toFilePath(path), std::ios::binary);
+  char start[19] = {};
+  if (!file.read(start, sizeof start)) return false;
+  const std::string_view format(start + 4, sizeof start - 4);
+  return format == "Standard Jet DB" || format == "Standard ACE DB";
+}
+
+std::string freeNameBeside(const std::string& path, const std::string& suffix) {
+  for (int number = 1;; ++number) {
+    const auto name = path + suffix + std::to_string(number);
+    std::error_code error;
+    if (!std::filesystem::exists(toFilePath(name), error)) return name;
+  }
+}
+
+}  // namespace tessivo

@@ -1,0 +1,185 @@
+#include "data/PrepareDatabase.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "base/Text.h"
+#include "data/DataError.h"
+#include "data/DataFiles.h"
+#include "data/SqliteDatabase.h"
+
+namespace tessivo {
+namespace {
+
+struct Column {
+  std::string name;
+  std::string type;
+};
+struct Table {
+  std::string name;
+  std::vector<Column> columns;
+};
+
+const std::vector<Table>& tables() {
+  static const std::vector<Table> kTables = {
+      {"play_list",
+       {{"item_order", "INTEGER"},
+        {"flag_for_play_list", "TEXT"},
+        {"file_name", "TEXT"},
+        {"file_path", "TEXT"},
+        {"is_play_item", "SMALLINT"}}},
+      {"sys",
+       {{"recycle_play", "SMALLINT"},
+        {"volume_value", "SMALLINT"},
+        {"play_ruler", "INTEGER"},
+        {"screen_saver", "SMALLINT"},
+        {"scr_sav_proc_name", "TEXT"},
+        {"screen_saver_delay_minute", "INTEGER"},
+        {"popu_main_face_for_err", "SMALLINT"},
+        {"play_next_item_on_err", "SMALLINT"},
+        {"save_play_list", "SMALLINT"},
+        {"current_play_position", "INTEGER"},
+        {"current_play_item_len", "INTEGER"}}},
+      {"file_association",
+       {{"app_association", "TEXT"},
+        {"description_info", "TEXT"},
+        {"app_id", "TEXT"},
+        {"old_app_id", "TEXT"},
+        {"default_app_id_1", "TEXT"},
+        {"default_app_id_2", "TEXT"}}},
+      {"file_association_config",
+       {{"main_app_file_name", "TEXT"},
+        {"main_default_ico_file_name", "TEXT"},
+        {"menu_handler_guid", "TEXT"},
+        {"menu_handler_name", "TEXT"}}},
+  };
+  return kTables;
+}
+
+bool hasColumn(const ResultSet& rows, const std::string& name) {
+  return std::any_of(rows.columns.begin(), rows.columns.end(),
+                     [&](const auto& column) { return toUpper(column) == toUpper(name); });
+}
+
+/// The statements that give the database what it lacks of a table.
+std::vector<std::string> missingParts(Database& database, const Table& table) {
+  const auto found = database.query(
+      "select name from sqlite_schema where type in ('table','view')"
+      " and upper(name)='" +
+      toUpper(table.name) + "'");
+  std::vector<std::string> statements;
+  if (found.rowCount() == 0) {
+    std::string columns;
+    for (const auto& column : table.columns) {
+      columns += (columns.empty() ? "" : ", ") + column.name + " " + column.type;
+    }
+    statements.push_back("create table " + table.name + "(" + columns + ")");
+    return statements;
+  }
+  const auto shape = database.query("select * from " + table.name + " limit 0");
+  for (const auto& column : table.columns) {
+    if (hasColumn(shape, column.name)) continue;
+    statements.push_back("alter table " + table.name + " add column " + column.name + " " +
+                         column.type);
+  }
+  return statements;
+}
+
+/// Adds what is missing, all of it or nothing. Returns whether anything was.
+bool completeTables(Database& database) {
+  std::vector<std::string> statements;
+  for (const auto& table : tables()) {
+    for (auto& part : missingParts(database, table)) statements.push_back(std::move(part));
+  }
+  if (statements.empty()) return false;
+  database.begin();
+  for (const auto& statement : statements) database.query(statement);
+  database.commit();
+  return true;
+}
+
+void create(const std::string& path) {
+  SqliteDatabase database(path, SqliteDatabase::Missing::isCreated);
+  completeTables(database);
+}
+
+void checkPages(const std::string& path, Database& database) {
+  const auto verdict = database.query("PRAGMA quick_check(1)");
+  const auto text = verdict.cells.empty() ? std::string() : asText(verdict.cells.front());
+  if (text != "ok") throw DataError(DataFault::damaged, path + ": " + text);
+}
+
+bool canBeWritten(const std::string& path) {
+  return std::fstream(toFilePath(path), std::ios::in | std::ios::out | std::ios::binary).is_open();
+}
+
+/// The journal goes along: left behind it would be applied to the new database.
+std::string keepAside(const std::string& path) {
+  std::error_code none;
+  std::string aside = freeNameBeside(path, ".damaged-");
+  std::filesystem::rename(toFilePath(path), toFilePath(aside));
+  std::filesystem::rename(toFilePath(path + "-journal"), toFilePath(aside + "-journal"), none);
+  return aside;
+}
+
+std::string oneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
+}
+
+DatabaseState replace(const std::string& path, const DataError& damage, Log& log) {
+  log.error("database damaged: " + oneLine(damage.what()));
+  if (!canBeWritten(path)) {
+    log.error("database left alone: " + path + " cannot be written");
+    return DatabaseState::leftAlone;
+  }
+  log.error("damaged database kept as " + keepAside(path));
+  create(path);
+  log.info("database created: " + path);
+  return DatabaseState::replaced;
+}
+
+DatabaseState checkAndComplete(const std::string& path, Log& log) {
+  try {
+    SqliteDatabase database(path, SqliteDatabase::Missing::fails);
+    checkPages(path, database);
+    if (completeTables(database)) log.info("database completed with missing tables: " + path);
+    return DatabaseState::ready;
+  } catch (const DataError& error) {
+    if (error.fault() != DataFault::damaged) throw;
+    // The connection is closed by now, which Windows needs for the renaming.
+    return replace(path, error, log);
+  }
+}
+
+DatabaseState prepare(const std::string& path, Log& log) {
+  std::error_code none;
+  const auto file = toFilePath(path);
+  if (!std::filesystem::exists(file) || std::filesystem::file_size(file, none) == 0) {
+    create(path);
+    log.info("database created: " + path);
+    return DatabaseState::created;
+  }
+  if (isAccessFile(path)) {
+    log.info("database left alone: " + path + " is a Microsoft Access file");
+    return DatabaseState::leftAlone;
+  }
+  return checkAndComplete(path, log);
+}
+
+}  // namespace
+
+DatabaseState prepareDatabase(const std::string& path, Log& log) {
+  try {
+    return prepare(path, log);
+  } catch (const std::exception& error) {
+    log.error("database left alone: " + oneLine(error.what()));
+    return DatabaseState::leftAlone;
+  }
+}
+
+}  // namespace tessivo
