@@ -5,8 +5,8 @@ target_compile_options(tessivo_options INTERFACE
   -Wall -Wextra -Werror -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
   -Wcast-align -Wimplicit-fallthrough -Wextra-semi)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # False alarms of GCC 12 on `"text" + std::string` in optimised builds.
-  target_compile_options(tessivo_options INTERFACE -Wno-restrict -Wno-stringop-overflow)
+  # A false alarm of GCC 12 on `"text" + std::string` in optimised builds.
+  target_compile_options(tessivo_options INTERFACE -Wno-restrict)
 endif()
 
 if(WIN32)

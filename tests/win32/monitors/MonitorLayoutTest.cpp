@@ -33,7 +33,10 @@ std::string text(const cMonitor& monitor) {
 
 std::string text(const std::vector<cMonitor>& monitors) {
   std::string out;
-  for (const cMonitor& monitor : monitors) out += (out.empty() ? "" : ";") + text(monitor);
+  for (const cMonitor& monitor : monitors) {
+    if (!out.empty()) out += ';';
+    out += text(monitor);
+  }
   return out;
 }
 
