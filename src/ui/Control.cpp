@@ -42,6 +42,12 @@ void Control::setColours(std::optional<Colour> fore, std::optional<Colour> back)
   changed(Aspect::colours);
 }
 
+void Control::setPointerShape(PointerShape shape) {
+  if (pointerShape_ == shape) return;
+  pointerShape_ = shape;
+  changed(Aspect::pointer);
+}
+
 void Control::bringToFront() {
   if (peer_) peer_->bringToFront();
 }

@@ -30,6 +30,9 @@ using KeyCode = int;
 /// Colours as 0xRRGGBB.
 using Colour = std::uint32_t;
 
+/// What the mouse pointer looks like over a control; `standard` is the control's usual shape.
+enum class PointerShape { standard, sizeVertical, hand, busy };
+
 /// What every control of a form has. A plain object: without a peer it has no window behind it and
 /// works all the same. Bounds are in twips inside the parent. `set…` is what the program does and
 /// raises no event; the user's verbs (`click`, `mouse…`, `key…`) raise theirs.
@@ -59,6 +62,11 @@ class Control {
   std::optional<Colour> foreColour() const { return foreColour_; }
   std::optional<Colour> backColour() const { return backColour_; }
   void setColours(std::optional<Colour> fore, std::optional<Colour> back);
+  PointerShape pointerShape() const { return pointerShape_; }
+  /// On a form other than `standard`: for all its controls too.
+  void setPointerShape(PointerShape shape);
+  /// Whether the keyboard can go to this kind of control.
+  virtual bool focusable() const { return true; }
 
   void bringToFront();
   void setFocus();
@@ -107,6 +115,7 @@ class Control {
   std::string toolTip_;
   std::optional<Colour> foreColour_;
   std::optional<Colour> backColour_;
+  PointerShape pointerShape_ = PointerShape::standard;
   std::unique_ptr<Peer> peer_;
 };
 
@@ -115,6 +124,7 @@ class Container : public Control {
  public:
   using Control::Control;
   const std::vector<Control*>& children() const { return children_; }
+  bool focusable() const override { return false; }
 
  private:
   friend class Control;

@@ -28,6 +28,11 @@ Form::Form(std::string name, std::string caption, TwipsPerPixel twipsPerPixel)
 
 Form::~Form() = default;
 
+void Form::setBounds(const Rect& twips) {
+  // With a window behind it the form hears from the peer what became of the placement.
+  peer() ? Control::setBounds(twips) : noteMoved(twips);
+}
+
 void Form::setCaption(std::string caption) {
   if (caption_ == caption) return;
   caption_ = std::move(caption);
@@ -87,6 +92,7 @@ void Form::activate() {
 }
 
 void Form::unload() {
+  setVisible(false);
   detach(*this);
   detachPeer();
 }

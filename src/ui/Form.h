@@ -55,7 +55,7 @@ class Toolkit {
  public:
   virtual ~Toolkit() = default;
   /// Creates the form's window, hidden, with all its controls. The form is complete and has its
-  /// designed bounds.
+  /// designed bounds. Ends with one `onResize`: the inner size is now the real one.
   virtual void open(Form& form) = 0;
 };
 
@@ -76,6 +76,9 @@ class Form : public Container {
   bool maxButton() const { return maxButton_; }
   bool minButton() const { return minButton_; }
   void setBoxes(bool controlBox, bool minButton, bool maxButton);
+  /// The form that this one stays above (a dialog's); it must be open by then. Nothing: none.
+  Form* owner() const { return owner_; }
+  void setOwner(Form* owner) { owner_ = owner; }
   bool acceptsFiles() const { return acceptsFiles_; }
   void setAcceptsFiles(bool accepts) { acceptsFiles_ = accepts; }
   /// Smallest outer size in twips that the user can give the window; 0: the system's.
@@ -84,7 +87,9 @@ class Form : public Container {
   }
   const Rect& minimumSize() const { return minimumSize_; }
 
-  // Placement, one edge at a time. All in twips.
+  // Placement, at once or one edge at a time. All in twips. Raises `onResize` when the size
+  // differs.
+  void setBounds(const Rect& twips);
   std::int32_t left() const { return bounds().left; }
   std::int32_t top() const { return bounds().top; }
   std::int32_t width() const { return bounds().width; }
@@ -113,7 +118,7 @@ class Form : public Container {
   void show() { setVisible(true); }
   void hide() { setVisible(false); }
   void activate();
-  /// Destroys the windows of the form and of its controls.
+  /// Hides the form and destroys its windows and those of its controls.
   void unload();
   /// Pops the menu up at the pointer and carries out the entry that the user chose, after the menu
   /// is gone. Without a peer it only raises `onPopup`.
@@ -149,6 +154,7 @@ class Form : public Container {
   bool acceptsFiles_ = false;
   Rect minimumSize_;
   WindowState windowState_ = WindowState::normal;
+  Form* owner_ = nullptr;
   std::uint32_t frameStyle_ = frame::kAll;
   bool topmost_ = false;
 };

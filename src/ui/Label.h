@@ -13,6 +13,7 @@ class Label : public Captioned {
   Alignment alignment() const { return alignment_; }
   /// Before the form is opened.
   void setAlignment(Alignment alignment) { alignment_ = alignment; }
+  bool focusable() const override { return false; }
   void accept(ControlVisitor& visitor) override;
 
  private:

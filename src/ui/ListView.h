@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "base/KeyedSequence.h"
 #include "ui/Control.h"
 
@@ -36,17 +38,20 @@ class ListView : public Control {
     std::int32_t width = 0;  ///< twips
   };
 
-  /// Before the form is opened.
+  /// Before the form is opened. The user cannot change the width of a column without a header.
   void addColumn(std::string header, std::int32_t width) {
     columns_.push_back({std::move(header), width});
   }
   const std::vector<Column>& columns() const { return columns_; }
   bool hasCheckBoxes() const { return hasCheckBoxes_; }
   void setHasCheckBoxes(bool has) { hasCheckBoxes_ = has; }
+  /// Whether each cell has its own text as its tool tip. Before the form is opened.
+  bool hasCellTips() const { return hasCellTips_; }
+  void setHasCellTips(bool has) { hasCellTips_ = has; }
 
   int rowCount() const;
   const ListRow& row(int index) const;
-  /// Row number of a key; -1 when no row has it.
+  /// Row number of a key (its first row's, ASCII letters in any case); -1 when no row has it.
   int indexOf(const std::string& key) const;
 
   int append(ListRow row);
@@ -62,11 +67,15 @@ class ListView : public Control {
   /// Silent.
   void select(int index);
   void ensureVisible(int index);
-  /// The row at that height (twips from the list's top); -1 when there is none.
+  /// The row at that height (twips from the list's top); -1 when there is none. Without a peer each
+  /// row takes kModelRowHeight, the first one from the top.
   int rowAt(std::int32_t y) const;
+  static constexpr std::int32_t kModelRowHeight = 255;
 
   // What the user does.
+  /// Selects the row and raises `onItemClick`, also for the row that is selected already.
   void clickRow(int index);
+  /// Raises `onItemCheck` when the tick differs.
   void tick(int index, bool checked);
 
   Signal<int> onItemClick;
@@ -74,11 +83,19 @@ class ListView : public Control {
   void accept(ControlVisitor& visitor) override;
 
  private:
+  struct KeyOfRow {
+    const std::string& operator()(const std::unique_ptr<ListRow>& row) const { return row->key; }
+  };
+
   ListViewPeer* listPeer() const { return static_cast<ListViewPeer*>(peer()); }
+  bool has(int index) const { return index >= 0 && index < rowCount(); }
+  ListRow& rowToChange(int index);
+  void tellRowsAndSelection();
 
   std::vector<Column> columns_;
   bool hasCheckBoxes_ = false;
-  KeyedSequence<ListRow> rows_;
+  bool hasCellTips_ = false;
+  KeyedSequence<std::unique_ptr<ListRow>, KeyOfRow> rows_;
   int selected_ = -1;
 };
 

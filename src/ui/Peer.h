@@ -15,7 +15,8 @@ enum class Aspect {
   colours,
   value,  ///< checked, slider value, chosen entry
   range,
-  items,  ///< entries, columns or pictures as a whole
+  items,    ///< entries, columns or pictures as a whole
+  pointer,  ///< shape of the mouse pointer
 };
 
 /// The real control behind a model. The program changes the model, the model tells its peer; what

@@ -4,7 +4,8 @@
 
 namespace tessivo::ui {
 
-/// An area that holds other controls (a page, a panel over the picture) and may have a border.
+/// An area that holds other controls (a page, a panel over the picture), shows a picture of its own
+/// and may have a border.
 class PictureBox : public Container {
  public:
   using Container::Container;
@@ -14,10 +15,18 @@ class PictureBox : public Container {
     border_ = border;
     changed(Aspect::items);
   }
+  /// The picture: the number of an icon among the program's resources; 0: none.
+  int icon() const { return icon_; }
+  void setIcon(int resource) {
+    if (icon_ == resource) return;
+    icon_ = resource;
+    changed(Aspect::items);
+  }
   void accept(ControlVisitor& visitor) override;
 
  private:
   bool border_ = false;
+  int icon_ = 0;
 };
 
 }  // namespace tessivo::ui

@@ -1,0 +1,74 @@
+#include "platform/FileLog.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <system_error>
+
+#include "base/Text.h"
+
+namespace tessivo {
+namespace {
+
+std::filesystem::path nativePath(const std::string& path) {
+#ifdef _WIN32
+  const std::u16string wide = toUtf16(path);
+  return std::wstring(wide.begin(), wide.end());
+#else
+  return path;
+#endif
+}
+
+std::string stamp(const LocalTime& time) {
+  char text[80];
+  const int seconds = time.msOfDay / 1000;
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d.%03d", time.year, time.month,
+                time.day, seconds / 3600, seconds / 60 % 60, seconds % 60, time.msOfDay % 1000);
+  return text;
+}
+
+std::string oneLine(std::string_view text) {
+  std::string line(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  return line;
+}
+
+}  // namespace
+
+FileLog::FileLog(const std::string& path, const Clock& clock, std::uintmax_t sizeLimit)
+    : path_(nativePath(path)), clock_(clock), sizeLimit_(sizeLimit) {
+  open();
+}
+
+void FileLog::open() {
+  std::error_code failed;
+  size_ = std::filesystem::file_size(path_, failed);
+  if (failed) size_ = 0;
+  file_.open(path_, std::ios::app | std::ios::binary);
+}
+
+void FileLog::rotate() {
+  file_.close();
+  std::filesystem::path old = path_;
+  old += ".1";
+  std::error_code failed;
+  std::filesystem::rename(path_, old, failed);
+  open();
+}
+
+void FileLog::write(std::string_view level, std::string_view text) noexcept {
+  try {
+    if (size_ >= sizeLimit_) rotate();
+    std::string line = stamp(clock_.now());
+    line.append(" ").append(level).append(" ").append(oneLine(text)).append("\r\n");
+    file_ << line << std::flush;
+    size_ += line.size();
+    // A full disk must not end the log for good.
+    file_.clear();
+  } catch (...) {
+    // The log has nobody to complain to.
+    size_ = 0;
+  }
+}
+
+}  // namespace tessivo

@@ -1,0 +1,28 @@
+#include "platform/win32/ProgramFolder.h"
+
+#include <windows.h>
+
+#include "platform/CommandLineText.h"
+#include "platform/win32/WindowsText.h"
+
+namespace tessivo {
+
+std::string programPath() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) return fromWide({path.data(), length});
+    path.resize(path.size() * 2);
+  }
+}
+
+std::string programFolder() {
+  const std::string path = programPath();
+  return path.substr(0, path.rfind('\\'));
+}
+
+std::string commandLineArguments() {
+  return std::string(argumentText(fromWide(GetCommandLineW())));
+}
+
+}  // namespace tessivo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Pointer.h"
+
+namespace tessivo {
+
+/// The mouse pointer of Windows.
+class Win32Pointer : public Pointer {
+ public:
+  Point position() const override;
+};
+
+}  // namespace tessivo

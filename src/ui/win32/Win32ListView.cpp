@@ -1,0 +1,227 @@
+#include "ui/win32/Win32ListView.h"
+
+#include <windowsx.h>
+
+#include "platform/win32/WindowsText.h"
+
+namespace tessivo::ui {
+namespace {
+
+constexpr UINT kUnticked = 1;  ///< the system's numbers of the two state pictures
+constexpr UINT kTicked = 2;
+
+std::string cellOf(const ListRow& row, int column) {
+  const auto index = static_cast<std::size_t>(column) - 1;
+  return column > 0 && index < row.subItems.size() ? row.subItems[index] : std::string();
+}
+
+bool isButtonMessage(UINT message) {
+  return message > WM_MOUSEMOVE && message <= WM_MBUTTONDBLCLK;
+}
+
+}  // namespace
+
+Win32ListView::Win32ListView(ListView& model, std::shared_ptr<FormContext> context)
+    : ControlPeer(model, std::move(context),
+                  {.clicks = false, .captures = false, .ownRightButton = true}),
+      model_(model) {
+  create(WC_LISTVIEWW, "", LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+         WS_EX_CLIENTEDGE);
+  const DWORD extras =
+      LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | (model.hasCheckBoxes() ? LVS_EX_CHECKBOXES : 0);
+  send(LVM_SETEXTENDEDLISTVIEWSTYLE, extras, static_cast<LPARAM>(extras));
+  send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+  addColumns();
+  rowCountChanged(model.rowCount());
+  selectionChanged(model.selected());
+}
+
+void Win32ListView::addColumns() {
+  int number = 0;
+  for (const auto& column : model_.columns()) {
+    std::wstring header = toWide(column.header);
+    LVCOLUMNW real{};
+    real.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    real.pszText = header.data();
+    real.cx = tessivo::toPixels(column.width, context().twips().x);
+    real.iSubItem = number;
+    send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(number++), reinterpret_cast<LPARAM>(&real));
+  }
+}
+
+void Win32ListView::apply(Aspect aspect) {
+  ControlWindow::apply(aspect);
+  if (aspect == Aspect::items && window()) InvalidateRect(window(), nullptr, FALSE);
+}
+
+void Win32ListView::rowCountChanged(int count) {
+  const bool shrinks = count < send(LVM_GETITEMCOUNT);
+  quiet_ = true;
+  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+  quiet_ = false;
+  // Rows after a removed one have moved up.
+  if (shrinks && window()) InvalidateRect(window(), nullptr, TRUE);
+}
+
+void Win32ListView::rowChanged(int row) {
+  send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
+}
+
+void Win32ListView::selectionChanged(int row) {
+  constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;
+  LVITEMW item{};
+  item.stateMask = kBoth;
+  quiet_ = true;
+  send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+  item.state = kBoth;
+  if (row >= 0) send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  quiet_ = false;
+}
+
+void Win32ListView::ensureVisible(int row) {
+  send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+int Win32ListView::rowAt(std::int32_t y) const {
+  const auto top = static_cast<int>(send(LVM_GETTOPINDEX));
+  RECT first{};
+  first.left = LVIR_BOUNDS;
+  if (!hasRow(top) ||
+      !send(LVM_GETITEMRECT, static_cast<WPARAM>(top), reinterpret_cast<LPARAM>(&first))) {
+    return -1;
+  }
+  const LONG below = tessivo::toPixels(y, context().twips().y) - first.top;
+  const LONG height = first.bottom - first.top;
+  const int row = below < 0 || height <= 0 ? -1 : top + static_cast<int>(below / height);
+  return hasRow(row) ? row : -1;
+}
+
+LRESULT Win32ListView::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  // The header tells the list, not the form.
+  if (message == WM_NOTIFY && keepsWidth(*reinterpret_cast<const NMHDR*>(lParam))) return TRUE;
+  if (message == WM_MOUSEMOVE && model_.hasCellTips()) {
+    showCellTip({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+  }
+  if (!isButtonMessage(message)) return ControlWindow::handle(window, message, wParam, lParam);
+  const auto alive = input().alive();
+  inMouse_ = true;
+  const LRESULT result = ControlWindow::handle(window, message, wParam, lParam);
+  if (*alive) inMouse_ = false;
+  return result;
+}
+
+bool Win32ListView::keepsWidth(const NMHDR& header) const {
+  if (header.code != HDN_BEGINTRACKW && header.code != HDN_BEGINTRACKA &&
+      header.code != HDN_DIVIDERDBLCLICKW && header.code != HDN_DIVIDERDBLCLICKA) {
+    return false;
+  }
+  const auto column = static_cast<std::size_t>(reinterpret_cast<const NMHEADERW&>(header).iItem);
+  return column < model_.columns().size() && model_.columns()[column].header.empty();
+}
+
+std::optional<LRESULT> Win32ListView::onNotify(NMHDR& header) {
+  switch (header.code) {
+    case LVN_GETDISPINFOW:
+      describe(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+      return 0;
+    case static_cast<UINT>(NM_CUSTOMDRAW):
+      return draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    case LVN_ITEMCHANGED:
+      noteChange(reinterpret_cast<const NMLISTVIEW&>(header));
+      return 0;
+    case static_cast<UINT>(NM_CLICK):
+      click(reinterpret_cast<const NMITEMACTIVATE&>(header), false);
+      return 0;
+    case static_cast<UINT>(NM_DBLCLK):
+      click(reinterpret_cast<const NMITEMACTIVATE&>(header), true);
+      return 0;
+    case static_cast<UINT>(NM_RCLICK):
+      rightClick(reinterpret_cast<const NMITEMACTIVATE&>(header));
+      return 1;
+    case LVN_KEYDOWN:
+      if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_SPACE) tickWithKey();
+      return 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+void Win32ListView::describe(LVITEMW& item) {
+  if (!hasRow(item.iItem)) return;
+  const ListRow& row = model_.row(item.iItem);
+  if (item.mask & LVIF_TEXT) {
+    cellText_ = toWide(cellOf(row, item.iSubItem));
+    item.pszText = cellText_.data();
+  }
+  if ((item.mask & LVIF_STATE) && model_.hasCheckBoxes()) {
+    item.stateMask |= LVIS_STATEIMAGEMASK;
+    item.state = (item.state & ~LVIS_STATEIMAGEMASK) |
+                 INDEXTOSTATEIMAGEMASK(row.checked ? kTicked : kUnticked);
+  }
+}
+
+LRESULT Win32ListView::draw(NMLVCUSTOMDRAW& drawing) const {
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  const auto row = static_cast<int>(drawing.nmcd.dwItemSpec);
+  const bool bold = hasRow(row) && model_.row(row).bold;
+  const auto& fonts = context().fonts();
+  SelectObject(drawing.nmcd.hdc, bold ? fonts.bold() : fonts.plain());
+  return CDRF_NEWFONT;
+}
+
+/// The user selects with the keys. With the mouse, the click that follows tells more.
+void Win32ListView::noteChange(const NMLISTVIEW& change) {
+  const bool selects = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
+  if (quiet_ || !selects || !hasRow(change.iItem) || inMouse_) return;
+  model_.clickRow(change.iItem);
+}
+
+void Win32ListView::click(const NMITEMACTIVATE& where, bool isDouble) {
+  const auto alive = input().alive();
+  const int row = where.iItem;
+  if (!hasRow(row)) {
+    // The system takes the selection away on a click beside the rows; it is the model's.
+    selectionChanged(model_.selected());
+  } else {
+    const bool onBox = isOnBox(where.ptAction);
+    model_.clickRow(row);
+    if (*alive && onBox && hasRow(row)) model_.tick(row, !model_.row(row).checked);
+  }
+  if (!*alive) return;
+  isDouble ? model_.doubleClick() : model_.click();
+}
+
+void Win32ListView::rightClick(const NMITEMACTIVATE& where) {
+  const auto alive = input().alive();
+  POINT point = where.ptAction;
+  model_.clickRow(where.iItem);
+  if (*alive && !hasRow(where.iItem)) selectionChanged(model_.selected());
+  if (*alive) model_.mouseUp(input().eventAt(MouseButton::right, point));
+}
+
+void Win32ListView::tickWithKey() {
+  const int row = model_.selected();
+  if (hasRow(row)) model_.tick(row, !model_.row(row).checked);
+}
+
+bool Win32ListView::isOnBox(POINT point) const {
+  if (!model_.hasCheckBoxes()) return false;
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  return hit.flags == LVHT_ONITEMSTATEICON;
+}
+
+void Win32ListView::showCellTip(POINT point) {
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  const std::pair<int, int> cell{hit.iItem, hit.iSubItem};
+  if (cell == tipCell_) return;
+  tipCell_ = cell;
+  context().setToolTip(
+      window(), hasRow(cell.first) ? cellOf(model_.row(cell.first), cell.second) : std::string());
+}
+
+}  // namespace tessivo::ui

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "base/Twips.h"
+#include "platform/Log.h"
+#include "ui/Form.h"
+#include "ui/win32/UiFonts.h"
+
+namespace tessivo::ui {
+
+/// Opens forms as real windows with the system's own controls. One for the program, made before
+/// the first form is opened and kept until the last is unloaded.
+class Win32Toolkit : public Toolkit {
+ public:
+  /// `twips` as all forms have it; unexpected errors in events go to the log.
+  Win32Toolkit(TwipsPerPixel twips, Log& log);
+
+  /// A form that is open already stays as it is.
+  void open(Form& form) override;
+
+  /// The keyboard inside a form: Tab goes through its controls, Enter presses the button that has
+  /// the keyboard. For the message loop, before it dispatches; true when the message is dealt with.
+  static bool translate(const MSG& message);
+
+ private:
+  Log& log_;
+  TwipsPerPixel twips_;
+  std::shared_ptr<const UiFonts> fonts_;
+};
+
+}  // namespace tessivo::ui
