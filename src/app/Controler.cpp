@@ -1,0 +1,201 @@
+#include "app/Controler.h"
+
+#include "base/Text.h"
+#include "monitors/cMonitor.h"
+#include "monitors/cMonitors2.h"
+
+namespace tessivo {
+namespace {
+
+constexpr int kEngineSettleMs = 200;
+
+bool contains(const cMonitor& monitor, Point point) {
+  return monitor.Left() <= point.x && point.x <= monitor.Left() + monitor.Width() &&
+         monitor.Top() <= point.y && point.y <= monitor.Top() + monitor.Height();
+}
+
+/// The first monitor, primary first, that contains the point, edges included.
+std::optional<cMonitor> monitorUnder(const Displays& displays, Point point) {
+  cMonitors2 monitors(displays);
+  monitors.GetMonitorArray();
+  for (std::int32_t i = 1; i <= monitors.lngMonitorsCount(); ++i) {
+    auto monitor = monitors.objGetAMonitorByIndex(i);
+    if (monitor && contains(*monitor, point)) return monitor;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Controler::Controler(const ControlerServices& services) : services_(services) {}
+
+void Controler::setInitializePram(const std::string& databasePath, const std::string&) {
+  config_.strDBFilePath(databasePath);
+  config_.boolGetData();
+}
+
+void Controler::setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList) {
+  panel_ = &frmMain;
+  screen_ = &screen;
+  playList_ = &playList;
+  listenToScreen();
+}
+
+void Controler::listenToScreen() {
+  connections_.clear();
+  connections_.push_back(screen_->JinDu.connect(
+      [this](std::int32_t percent, std::int32_t position, const std::string& positionText,
+             std::int32_t length, const std::string& lengthText) {
+        panel_->setJinDu(percent, position, positionText, length, lengthText);
+      }));
+  connections_.push_back(screen_->PlayErr.connect(
+      [this](const std::string& reason) { panel_->playErrEventProcess(reason); }));
+  connections_.push_back(screen_->PlayOver.connect([this] { panel_->playOverEventProcess(); }));
+  connections_.push_back(screen_->DbClickPlayer.connect(
+      [this](bool boolMaxSize) { frmScreen_DbClickPlayer(boolMaxSize); }));
+  connections_.push_back(screen_->ClickPlayer.connect([this] { frmScreen_ClickPlayer(); }));
+  connections_.push_back(
+      screen_->clickPopuMenu.connect([this](std::int32_t code) { frmScreen_clickPopuMenu(code); }));
+  connections_.push_back(screen_->reportPosition.connect(
+      [this](const Rect& pixels) { setPlayPosiForScreenSaver(pixels); }));
+}
+
+void Controler::exitSys() {
+  if (exiting_) return;
+  exiting_ = true;
+  saveResumePoint();
+  takeFormsDown();
+  if (!config_.boolSaveData())
+    services_.log.error("settings not saved: " + config_.strDBFilePath());
+  if (config_.boolSavePlayList() && !playList_->boolSavePlayListToPLDB()) {
+    services_.log.error("playlist not saved: " + playList_->strPLDBFilePath());
+  }
+  services_.log.info("stop");
+  services_.loop.quit();
+}
+
+void Controler::saveResumePoint() {
+  if (!config_.boolSavePlayList()) return;
+  config_.lngCurrentPlayItemLen(panel_->lngGetMovieLen());
+  config_.lngCurrentPlayPosition(panel_->lngGetJinDu());
+}
+
+void Controler::takeFormsDown() {
+  connections_.clear();
+  panel_->hideAndUnloadFace();
+  screen_->boolMute(false);
+  services_.loop.pumpFor(kEngineSettleMs);  // lets the engines settle before their window goes
+  screen_->hide();
+  screen_->unloadScreen();
+}
+
+bool Controler::play() {
+  return screen_->play();
+}
+void Controler::pause() {
+  screen_->pause();
+}
+void Controler::stopPlay() {
+  screen_->stopPlay();
+}
+
+void Controler::setPlayRuler(std::int32_t rule) {
+  config_.lngPlayRuler(rule);
+  screen_->lngPlayRuler(rule);
+}
+
+void Controler::setFilePath(const std::string& path) {
+  screen_->strFilePath(path);
+}
+
+void Controler::setVolume(std::int16_t volume) {
+  config_.intVolumeValue(volume);
+  screen_->intVolume(volume);
+}
+
+std::int32_t Controler::lngGetClipLength() const {
+  return screen_->lngFileLength();
+}
+void Controler::setJinDu(std::int32_t position) {
+  screen_->lngJinDu(position);
+}
+void Controler::setMute(bool mute) {
+  screen_->boolMute(mute);
+}
+bool Controler::boolGetMuteValue() const {
+  return screen_->boolMute();
+}
+std::int32_t Controler::lngScreenState() const {
+  return screen_->lngState();
+}
+
+void Controler::showMainFace() {
+  resetMainFrmPosiByMousePosi();
+  panel_->bringFaceToFront();
+}
+
+void Controler::resetMainFrmPosiByMousePosi() {
+  const auto monitor = monitorUnder(services_.displays, services_.pointer.position());
+  if (!monitor) return;
+  const Rect face = panel_->faceRect();
+  if (contains(*monitor, {face.left + face.width / 2, face.top + face.height / 2})) return;
+  panel_->moveFace({monitor->WorkLeft() + (monitor->WorkWidth() - face.width) / 2,
+                    monitor->WorkTop() + (monitor->WorkHeight() - face.height) / 2});
+}
+
+void Controler::frmScreen_clickPopuMenu(std::int32_t code) {
+  const auto show = [this](int state) { panel_->setFaceToAPlayState(state, false); };
+  const auto mute = [this, &show](bool on) {
+    screen_->boolMute(on);
+    show(screen_->boolMute() ? panelState::kMuted : panelState::kSoundOn);
+  };
+  switch (code) {
+    case menuCode::kExitFullScreen:
+      switchFullScreen(false);
+      break;
+    case menuCode::kScreen:
+      switchFullScreen(true);
+      break;
+    case menuCode::kPlay:
+      show(play() ? panelState::kPlaying : panelState::kPaused);
+      break;
+    case menuCode::kPause:
+      pause();
+      show(panelState::kPaused);
+      break;
+    case menuCode::kStop:
+      stopPlay();
+      show(panelState::kStopped);
+      break;
+    case menuCode::kSoundOn:
+      mute(false);
+      break;
+    case menuCode::kMute:
+      mute(true);
+      break;
+    case menuCode::kShowMainFace:
+      showMainFace();
+      break;
+    default:
+      break;
+  }
+}
+
+void Controler::switchFullScreen(bool fullScreen) {
+  screen_->boolMaxSize(fullScreen);
+  panel_->keepFaceOnTop(fullScreen);
+  panel_->setFaceToAPlayState(fullScreen ? panelState::kFullScreen : panelState::kNormal, false);
+}
+
+void Controler::frmScreen_DbClickPlayer(bool boolMaxSize) {
+  if (boolMaxSize) {
+    showMainFace();
+    return;
+  }
+  const auto monitor = monitorUnder(services_.displays, services_.pointer.position());
+  if (!monitor) return;
+  screen_->setMaximum({monitor->Left(), monitor->Top(), monitor->Width(), monitor->Height()});
+  switchFullScreen(true);
+}
+
+}  // namespace tessivo

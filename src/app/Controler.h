@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/PanelFace.h"
+#include "data/PlayList.h"
+#include "data/SysConfig.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/MessageLoop.h"
+#include "platform/Pointer.h"
+#include "screen/frmScreen.h"
+
+namespace tessivo {
+
+/// What the controller needs of the system.
+struct ControlerServices {
+  MovieKeys& movieKeys;
+  const Files& files;
+  const Displays& displays;
+  const Pointer& pointer;
+  MessageLoop& loop;
+  Log& log;
+};
+
+/// Directions of stepping.
+namespace stepDirection {
+inline constexpr int kNext = 1;
+inline constexpr int kPrevious = 2;
+}  // namespace stepDirection
+
+/// The centre of the program: owns the settings and the playlist's use, carries out every command
+/// of the control panel and the playback window, and is the only one that calls either. Nothing
+/// throws out of its operations.
+class Controler {
+ public:
+  explicit Controler(const ControlerServices& services);
+  Controler(const Controler&) = delete;
+  Controler& operator=(const Controler&) = delete;
+
+  /// The start sequence: loads the settings from the database.
+  void setInitializePram(const std::string& databasePath, const std::string& screenSaverFolder);
+  /// The references, once the forms are there. From here on the controller hears the playback
+  /// window's events.
+  void setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList);
+  /// The only way out: saves, takes the forms down and ends the message loop. A second call, from
+  /// an event inside the first, does nothing.
+  void exitSys();
+
+  bool play();
+  void pause();
+  void stopPlay();
+  void setPlayRuler(std::int32_t rule);
+  void setFilePath(const std::string& path);
+  void setVolume(std::int16_t volume);
+  std::int32_t lngGetClipLength() const;
+  /// Seconds.
+  void setJinDu(std::int32_t position);
+  void setMute(bool mute);
+  bool boolGetMuteValue() const;
+
+  /// Adds one file; nothing when the path is neither a web address nor an existing file. Double
+  /// quotes around the path are not part of it.
+  MoviePtr AddAMovieToPL(const std::string& path);
+  /// Adds the paths from index 1 on and, if asked, plays the first one added.
+  void BatchAddMovie(const std::vector<std::string>& paths, bool play);
+  /// Removes an item. `next` is the entry to select then: the one that followed, else the one
+  /// before, else nothing; it is the act item and, when the removed item was the play item, the
+  /// play item, loaded but not started.
+  bool deleteAItemFromPL(const std::string& key, MoviePtr& next);
+  void deleteAllItemFromPL();
+  bool moveAItemUpDown(int direction, const std::string& key, MoviePtr& neighbour);
+  void selectAItem(const std::string& key);
+  MoviePtr objGetPlayItem() const;
+  std::int32_t lngGetIndexByItemFlag(const std::string& key) const;
+  std::int32_t lngGetPlayListItemCount() const;
+  bool PlayAMovieByFlag(const std::string& key);
+  /// Steps the play item (1 next, 2 previous) and loads the new one; starting it is the caller's
+  /// step. Any other direction does nothing.
+  void playNextPreviousPlayItem(int direction, bool recycle, MoviePtr& previous, MoviePtr& now);
+
+  void showMainFace();
+  /// Puts the control panel on the monitor under the pointer: where it is when it stands there
+  /// already, else in the middle of that monitor's work area.
+  void resetMainFrmPosiByMousePosi();
+  void setPlayPosiForScreenSaver(const Rect& pixels) { playArea_ = pixels; }
+  const Rect& playArea() const { return playArea_; }
+
+  SysConfig& config() { return config_; }
+  std::int32_t lngScreenState() const;
+
+  // The playback window's events.
+  void frmScreen_clickPopuMenu(std::int32_t code);
+  void frmScreen_ClickPlayer() { showMainFace(); }
+  void frmScreen_DbClickPlayer(bool boolMaxSize);
+
+ private:
+  bool isAcceptable(const std::string& path) const;
+  void listenToScreen();
+  void startBatch(const Movie& first);
+  void switchFullScreen(bool fullScreen);
+  void saveResumePoint();
+  void takeFormsDown();
+
+  ControlerServices services_;
+  SysConfig config_;
+  PanelFace* panel_ = nullptr;
+  frmScreen* screen_ = nullptr;
+  PlayList* playList_ = nullptr;
+  std::vector<Connection> connections_;
+  Rect playArea_;
+  bool exiting_ = false;
+};
+
+}  // namespace tessivo

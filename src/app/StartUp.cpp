@@ -1,0 +1,75 @@
+#include "app/StartUp.h"
+
+#include "app/CommandLine.h"
+#include "monitors/cMonitors.h"
+
+namespace tessivo {
+namespace {
+
+constexpr std::int16_t kVolumeBeforeSettings = 30;
+
+void loadScreen(const StartUpParts& parts) {
+  frmScreen& screen = parts.screen;
+  const auto twips = parts.displays.twipsPerPixel();
+  setInitialGeometry(screen, parts.aimMonitor, parts.displays);
+  const Rect normal = screen.normal();
+  screen.setBounds({toTwips(normal.left, twips.x), toTwips(normal.top, twips.y),
+                    toTwips(normal.width, twips.x), toTwips(normal.height, twips.y)});
+  screen.load();
+  // One screen is the operator's; the picture takes a screen of its own only when there is another.
+  if (parts.aimMonitor.intMonitorCount() >= 2) screen.boolMaxSize(true);
+  screen.show();
+  screen.intVolume(kVolumeBeforeSettings);
+}
+
+void loadPlayList(const StartUpParts& parts) {
+  if (parts.controler.config().boolSavePlayList()) {
+    parts.playList.boolGetPlayListFromPLDB();
+  } else {
+    parts.playList.boolSavePlayListToPLDB();
+  }
+}
+
+/// Loads the stored play item without starting it; its first play starts where it was left.
+void loadPlayItem(const StartUpParts& parts) {
+  const SysConfig& config = parts.controler.config();
+  if (!config.boolSavePlayList() || parts.playList.lngListCount() == 0) return;
+  const auto item = parts.playList.objGetPlayItem();
+  if (!item) return;
+  parts.screen.strFilePath(item->strFilePath);
+  parts.screen.lngJinDu(config.lngCurrentPlayPosition());
+}
+
+void setUpPanel(const StartUpParts& parts) {
+  for (std::int32_t i = 1; i <= parts.playList.lngListCount(); ++i) {
+    parts.panel.AddAMovieToFaceList(*parts.playList.objGetAItem(i));
+  }
+  if (const auto item = parts.playList.objGetPlayItem()) {
+    parts.controler.selectAItem(item->strKey);
+    parts.panel.setPLItemStateByKey(item->strKey, 1);
+  }
+  if (parts.screen.boolMaxSize()) {
+    parts.panel.keepFaceOnTop(true);
+    parts.panel.setFaceToAPlayState(panelState::kFullScreen, false);
+  }
+}
+
+}  // namespace
+
+void startUp(const StartUpParts& parts) {
+  parts.playList.strPLDBFilePath(parts.paths.database);
+  parts.controler.setInitializePram(parts.paths.database, parts.paths.screenSaverFolder);
+  loadScreen(parts);
+  parts.loadPanel();
+  parts.controler.setReferences(parts.panel, parts.screen, parts.playList);
+  loadPlayList(parts);
+  const SysConfig& config = parts.controler.config();
+  parts.screen.intVolume(config.intVolumeValue());
+  parts.screen.lngPlayRuler(config.lngPlayRuler());
+  setUpPanel(parts);
+  loadPlayItem(parts);
+  parts.panel.setFaceBySysConfigPara(config);
+  processCmdLine(parts.commandLine, parts.controler);
+}
+
+}  // namespace tessivo

@@ -1,0 +1,222 @@
+#include "screen/Playback.h"
+
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "screen/PlayMessages.h"
+
+namespace tessivo {
+namespace {
+
+constexpr int kNextTurnMs = 1;
+constexpr int kEarlyStopMs = 1500;
+constexpr int kProgressMs = 1000;
+
+std::string withoutQuotes(const std::string& path) {
+  if (path.size() > 2 && path.front() == '"' && path.back() == '"') {
+    return path.substr(1, path.size() - 2);
+  }
+  return path;
+}
+
+}  // namespace
+
+Playback::Playback(TimerService& timers, const Files& files, Log& log)
+    : timMediaPlayDelay(timers, "timMediaPlayDelay", kNextTurnMs),
+      timRealPlayDelay(timers, "timRealPlayDelay", kNextTurnMs),
+      timMediaErrDelay(timers, "timMediaErrDelay", kNextTurnMs),
+      timRealErrDelay(timers, "timRealErrDelay", kNextTurnMs),
+      timErrDelay(timers, "timErrDelay", kNextTurnMs),
+      timRealPopuWinErrCheck(timers, "timRealPopuWinErrCheck", kEarlyStopMs),
+      timMediaPlayJinDu(timers, "timMediaPlayJinDu", kProgressMs),
+      files_(files),
+      log_(log) {
+  listenToTimers();
+}
+
+void Playback::attach(MediaPlayerSlot& wmpPlayer, RealPlayerSlot& realPlayer) {
+  wmpPlayer_ = &wmpPlayer;
+  realPlayer_ = &realPlayer;
+  listenToEngines();
+  wmpPlayer.setVisible(current_ == Engine::mediaPlayer);
+  realPlayer.setVisible(current_ == Engine::realPlayer);
+  intVolume(volume_);
+  boolMute(mute_);
+  timMediaPlayJinDu.setEnabled(true);
+}
+
+void Playback::detach() {
+  cancelHops();
+  timErrDelay.setEnabled(false);
+  timRealPopuWinErrCheck.setEnabled(false);
+  timMediaPlayJinDu.setEnabled(false);
+  connections_.clear();
+  wmpPlayer_ = nullptr;
+  realPlayer_ = nullptr;
+}
+
+void Playback::listenToEngines() {
+  connections_.clear();
+  connections_.push_back(wmpPlayer_->playStateChange.connect(
+      [this](MediaPlayState state) { mediaStateChanged(state); }));
+  connections_.push_back(wmpPlayer_->mediaError.connect([this] {
+    wmpPlayer_->clearErrorQueue();
+    timMediaErrDelay.setEnabled(true);
+  }));
+  connections_.push_back(realPlayer_->playStateChange.connect(
+      [this](RealPlayState, RealPlayState now) { realStateChanged(now); }));
+  connections_.push_back(
+      realPlayer_->errorMessage.connect([this] { timRealErrDelay.setEnabled(true); }));
+  connections_.push_back(
+      realPlayer_->positionChange.connect([this](std::int32_t position, std::int32_t length) {
+        reportRealProgress(position, length);
+      }));
+}
+
+void Playback::lngPlayRuler(std::int32_t rule) {
+  rule_ = rule;
+  stopExpected_ = true;
+  reset();
+}
+
+std::string Playback::strFilePath() const {
+  return wmpPlayer_ ? wmpPlayer_->url() : "";
+}
+
+void Playback::strFilePath(const std::string& path) {
+  if (!wmpPlayer_) return;
+  lightReset();
+  if (realPlayer_->canStop()) stopExpected_ = true;
+  const std::string plain = withoutQuotes(path);
+  wmpPlayer_->setUrl(plain);
+  realPlayer_->setSource(plain);
+}
+
+bool Playback::play() {
+  const std::string path = strFilePath();
+  if (trim(path).empty()) {
+    failLater(playMessage::kPathEmpty);
+    return false;
+  }
+  if (!fileExists(path)) {
+    failLater(playMessage::kFileMissing);
+    return false;
+  }
+  if (state_ == playState::kPlaying || state_ == playState::kStarting) return false;
+  if (state_ == playState::kStopped) seekOnStart_ = true;
+  state_ = playState::kStarting;
+  (mediaPlayerIsCurrent() ? timMediaPlayDelay : timRealPlayDelay).setEnabled(true);
+  return true;
+}
+
+void Playback::pause() {
+  if (!wmpPlayer_ || state_ != playState::kPlaying) return;
+  state_ = playState::kPaused;
+  mediaPlayerIsCurrent() ? wmpPlayer_->pause() : realPlayer_->pause();
+}
+
+void Playback::stopPlay() {
+  if (state_ == playState::kStopped || state_ == playState::kStarting) return;
+  stopExpected_ = true;
+  reset();
+}
+
+void Playback::intVolume(std::int16_t volume) {
+  volume_ = volume;
+  if (!wmpPlayer_) return;
+  wmpPlayer_->setVolume(volume);
+  realPlayer_->setVolume(volume);
+}
+
+void Playback::boolMute(bool mute) {
+  mute_ = mute;
+  if (!wmpPlayer_) return;
+  wmpPlayer_->setMute(mute);
+  realPlayer_->setMute(mute);
+}
+
+std::optional<std::int32_t> Playback::lngJinDu() {
+  if (!wmpPlayer_ || !mediaPlayerIsCurrent()) return position_;
+  const auto position = roundedToInt16(wmpPlayer_->currentPosition());
+  if (!position) return std::nullopt;
+  position_ = *position;
+  return position_;
+}
+
+bool Playback::lngJinDu(std::int32_t seconds) {
+  position_ = seconds;
+  if (!wmpPlayer_) return true;
+  wmpPlayer_->setCurrentPosition(seconds);
+  const auto milliseconds = roundedToInt32(seconds * 1000.0);
+  if (!milliseconds) return false;
+  realPlayer_->setPositionMs(*milliseconds);
+  return true;
+}
+
+std::int32_t Playback::lngFileLength() const {
+  if (!wmpPlayer_) return 0;
+  if (!mediaPlayerIsCurrent()) {
+    return roundedToInt32(realPlayer_->lengthMs() / 1000.0).value_or(0);
+  }
+  return roundedToInt32(wmpPlayer_->currentMediaDuration().value_or(0)).value_or(0);
+}
+
+void Playback::reset() {
+  if (!wmpPlayer_) return;
+  stopMediaPlayer();
+  if (realPlayer_->canStop()) {
+    realPlayer_->stop();
+  } else {
+    stopExpected_ = false;
+  }
+  positionCleared.raise();
+  cancelHops();
+  clearState();
+  showFirstEngineOfRule();
+}
+
+void Playback::lightReset() {
+  stopMediaPlayer();
+  cancelHops();
+  clearState();
+  showFirstEngineOfRule();
+}
+
+void Playback::stopMediaPlayer() {
+  wmpPlayer_->stop();
+  wmpPlayer_->setCurrentPosition(0);
+}
+
+void Playback::cancelHops() {
+  timMediaErrDelay.setEnabled(false);
+  timMediaPlayDelay.setEnabled(false);
+  timRealErrDelay.setEnabled(false);
+  timRealPlayDelay.setEnabled(false);
+}
+
+void Playback::clearState() {
+  state_ = playState::kStopped;
+  position_ = 0;
+  seekOnStart_ = false;
+}
+
+void Playback::show(Engine engine) {
+  current_ = engine;
+  const bool media = mediaPlayerIsCurrent();
+  if (media ? !wmpPlayer_->visible() : !realPlayer_->visible()) {
+    media ? wmpPlayer_->setVisible(true) : realPlayer_->setVisible(true);
+  }
+  if (media ? realPlayer_->visible() : wmpPlayer_->visible()) {
+    media ? realPlayer_->setVisible(false) : wmpPlayer_->setVisible(false);
+  }
+}
+
+void Playback::showFirstEngineOfRule() {
+  if (rule_ == playRule::kPreferMedia || rule_ == playRule::kMediaOnly) show(Engine::mediaPlayer);
+  if (rule_ == playRule::kPreferReal || rule_ == playRule::kRealOnly) show(Engine::realPlayer);
+}
+
+bool Playback::fileExists(const std::string& path) const {
+  return containsNoCase(path, "http") || files_.fileExists(path);
+}
+
+}  // namespace tessivo

@@ -1,0 +1,104 @@
+// The way of a play request: from the first engine over its failure to the second engine or to the
+// error event, by the play rule.
+#include "base/Rounding.h"
+#include "screen/PlayMessages.h"
+#include "screen/Playback.h"
+
+namespace tessivo {
+namespace {
+
+/// Every timer of the route is one-shot: it disables itself before it acts.
+void onShot(ui::Timer& timer, std::function<void()> act) {
+  timer.onTimer.listen([&timer, act = std::move(act)] {
+    timer.setEnabled(false);
+    act();
+  });
+}
+
+}  // namespace
+
+void Playback::listenToTimers() {
+  onShot(timMediaPlayDelay, [this] { startMediaPlayer(); });
+  onShot(timRealPlayDelay, [this] { startRealPlayer(); });
+  onShot(timMediaErrDelay, [this] { handleMediaError(); });
+  onShot(timRealErrDelay, [this] { handleRealError(); });
+  onShot(timErrDelay, [this] {
+    const std::string reason = timErrDelay.tag();
+    log_.error("play error: " + reason + " | " + strFilePath());
+    PlayErr.raise(reason);
+  });
+  onShot(timRealPopuWinErrCheck, [] {});  // its enabled state is all that counts
+  timMediaPlayJinDu.onTimer.listen([this] { reportMediaProgress(); });
+}
+
+void Playback::startMediaPlayer() {
+  if (rule_ == playRule::kRealOnly) return;
+  if (rule_ == playRule::kPreferReal) show(Engine::mediaPlayer);
+  wmpPlayer_->play();
+}
+
+void Playback::startRealPlayer() {
+  if (rule_ == playRule::kMediaOnly) return;
+  wmpPlayer_->setUrl(wmpPlayer_->url());  // makes it give up its present attempt
+  show(Engine::realPlayer);
+  // An engine that is not active owes no stopped notification any more; a flag left over would
+  // swallow the failure or the end of this file.
+  if (!realPlayer_->canStop()) stopExpected_ = false;
+  timRealPopuWinErrCheck.setEnabled(true);
+  realPlayer_->play();
+}
+
+void Playback::handleMediaError() {
+  if (rule_ == playRule::kPreferMedia) timRealPlayDelay.setEnabled(true);
+  if (rule_ == playRule::kPreferReal) giveUp(playMessage::kMediaFailedLast);
+  if (rule_ == playRule::kMediaOnly) giveUp(playMessage::kMediaOnlyFailed);
+}
+
+void Playback::handleRealError() {
+  if (rule_ == playRule::kPreferReal) timMediaPlayDelay.setEnabled(true);
+  if (rule_ == playRule::kPreferMedia) giveUp(playMessage::kRealFailedLast);
+  if (rule_ == playRule::kRealOnly) giveUp(playMessage::kRealOnlyFailed);
+}
+
+void Playback::giveUp(const char* message) {
+  reset();
+  failLater(message);
+}
+
+void Playback::failLater(const char* message) {
+  timErrDelay.setTag(message);
+  timErrDelay.setEnabled(true);
+}
+
+void Playback::mediaStateChanged(MediaPlayState state) {
+  if (state == MediaPlayState::mediaEnded) {
+    reset();
+    PlayOver.raise();
+  } else if (state == MediaPlayState::playing) {
+    notePlaying();
+    wmpPlayer_->setMute(mute_);
+  }
+}
+
+void Playback::realStateChanged(RealPlayState state) {
+  if (state == RealPlayState::playing) {
+    notePlaying();
+    if (const auto ms = roundedToInt32(position_ * 1000.0); seekOnStart_ && ms) {
+      realPlayer_->setPositionMs(*ms);
+    }
+    seekOnStart_ = false;  // a later resume goes on where it paused
+    realPlayer_->setMute(mute_);
+  } else if (state == RealPlayState::stopped) {
+    if (stopExpected_) {
+      stopExpected_ = false;  // one ordered stop, one notification
+    } else if (timRealPopuWinErrCheck.enabled()) {
+      timRealPopuWinErrCheck.setEnabled(false);
+      timRealErrDelay.setEnabled(true);
+    } else {
+      lightReset();
+      PlayOver.raise();
+    }
+  }
+}
+
+}  // namespace tessivo

@@ -1,0 +1,326 @@
+#include "unit/app/ControlerFixture.h"
+
+namespace tessivo {
+namespace {
+
+class ControlerTest : public ControlerFixture {};
+
+TEST_F(ControlerTest, TheFirstFileAddedIsLoadedButNotStarted) {
+  const auto movie = controler.AddAMovieToPL("C:\\v\\a.avi");
+  ASSERT_TRUE(movie);
+  EXPECT_EQ(movie->strFileName, "a.avi");
+  EXPECT_EQ(movie->strFilePath, "C:\\v\\a.avi");
+  EXPECT_EQ(movie->strKey, "F2026112000001000");
+  EXPECT_EQ(order(), "a*!");
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | wmp url C:\\v\\a.avi | real source C:\\v\\a.avi");
+}
+
+TEST_F(ControlerTest, AFurtherFileLeavesWhatIsLoaded) {
+  controler.AddAMovieToPL("C:\\v\\a.avi");
+  trace.take();
+  controler.AddAMovieToPL("C:\\v\\b.avi");
+  EXPECT_EQ(order(), "a*b!");
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(ControlerTest, AMissingFileIsRejectedAndLogged) {
+  EXPECT_FALSE(controler.AddAMovieToPL("C:\\v\\gone.avi"));
+  EXPECT_EQ(playList.lngListCount(), 0);
+  EXPECT_EQ(log.lines.back(), "error not added, no such file: C:\\v\\gone.avi");
+}
+
+TEST_F(ControlerTest, AWebAddressIsAcceptedAsItIsInAnyCase) {
+  ASSERT_TRUE(controler.AddAMovieToPL("HtTp://server/x/y.rm"));
+  EXPECT_EQ(playList.objGetAItem(1)->strFileName, "HtTp://server/x/y.rm");
+}
+
+TEST_F(ControlerTest, QuotesAroundAPathAreNotPartOfIt) {
+  ASSERT_TRUE(controler.AddAMovieToPL("\"C:\\v\\a.avi\""));
+  EXPECT_EQ(playList.objGetAItem(1)->strFilePath, "C:\\v\\a.avi");
+}
+
+TEST_F(ControlerTest, ABatchIsTakenFromIndexOneOnAndSelectsItsFirst) {
+  controler.BatchAddMovie({"C:\\v\\a.avi", "C:\\v\\b.avi", "C:\\v\\gone.avi", "C:\\v\\c.avi"},
+                          false);
+  EXPECT_EQ(order(), "b*!c");
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | wmp url C:\\v\\b.avi | real source C:\\v\\b.avi | "
+            "row b.avi | row c.avi | select " +
+                key(1));
+}
+
+TEST_F(ControlerTest, ABatchToPlayPlaysItsFirst) {
+  addThree();
+  trace.take();
+  controler.BatchAddMovie({"", "C:\\v\\b.avi", "C:\\v\\c.avi"}, true);
+  EXPECT_EQ(order(), "abcb*!c");
+  EXPECT_EQ(trace.take(), "row b.avi | row c.avi | mark " + key(4) +
+                              " 1 | wmp stop | wmp position 0 | wmp url C:\\v\\b.avi | "
+                              "real source C:\\v\\b.avi | state 1");
+  time.advance(1);
+  EXPECT_EQ(trace.take(), "wmp url C:\\v\\b.avi | real play");
+}
+
+TEST_F(ControlerTest, ABatchToPlayInWhichNoFileExistsStopsWhatPlays) {
+  addThree();
+  controler.PlayAMovieByFlag(key(1));
+  time.advance(1);
+  real().notify(RealPlayState::playing);
+  trace.take();
+  controler.BatchAddMovie({"", "C:\\v\\gone.avi"}, true);
+  EXPECT_EQ(trace.take(), "wmp stop | wmp position 0 | real stop | state 3");
+}
+
+TEST_F(ControlerTest, AnEmptyBatchNotToPlayDoesNothing) {
+  controler.BatchAddMovie({""}, false);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(ControlerTest, PlayingByKeyMovesThePlayMark) {
+  addThree();
+  EXPECT_TRUE(controler.PlayAMovieByFlag(key(3)));
+  EXPECT_EQ(order(), "a!bc*");
+  EXPECT_EQ(screen.strFilePath(), "C:\\v\\c.avi");
+  EXPECT_FALSE(controler.PlayAMovieByFlag("unknown"));
+  EXPECT_EQ(order(), "a!bc*");
+}
+
+TEST_F(ControlerTest, SteppingLoadsTheNewItemAndSelectsItWithoutStarting) {
+  addThree();
+  trace.take();
+  MoviePtr previous;
+  MoviePtr now;
+  controler.playNextPreviousPlayItem(stepDirection::kNext, false, previous, now);
+  EXPECT_EQ(order(), "ab*!c");
+  EXPECT_EQ(previous->strFileName, "a.avi");
+  EXPECT_EQ(now->strFileName, "b.avi");
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | wmp url C:\\v\\b.avi | real source C:\\v\\b.avi");
+  controler.playNextPreviousPlayItem(stepDirection::kPrevious, false, previous, now);
+  EXPECT_EQ(order(), "a*!bc");
+}
+
+TEST_F(ControlerTest, SteppingOverTheEndOrInNoDirectionLeavesEverything) {
+  addThree();
+  trace.take();
+  MoviePtr previous;
+  MoviePtr now;
+  controler.playNextPreviousPlayItem(stepDirection::kPrevious, false, previous, now);
+  EXPECT_FALSE(now);
+  controler.playNextPreviousPlayItem(3, true, previous, now);
+  EXPECT_FALSE(now);
+  EXPECT_EQ(order(), "a*!bc");
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(ControlerTest, DeletingTheItemThatPlaysGoesToTheFollowingOne) {
+  addThree();
+  controler.PlayAMovieByFlag(key(2));
+  trace.take();
+  MoviePtr next;
+  EXPECT_TRUE(controler.deleteAItemFromPL(key(2), next));
+  EXPECT_EQ(next->strFileName, "c.avi");
+  EXPECT_EQ(order(), "ac*!");
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | wmp url C:\\v\\c.avi | real source C:\\v\\c.avi");
+}
+
+TEST_F(ControlerTest, DeletingTheLastItemGoesToTheOneBefore) {
+  addThree();
+  controler.PlayAMovieByFlag(key(3));
+  MoviePtr next;
+  EXPECT_TRUE(controler.deleteAItemFromPL(key(3), next));
+  EXPECT_EQ(next->strFileName, "b.avi");
+  EXPECT_EQ(order(), "ab*!");
+}
+
+TEST_F(ControlerTest, DeletingAnotherItemLeavesPlaybackAlone) {
+  addThree();
+  trace.take();
+  MoviePtr next;
+  EXPECT_TRUE(controler.deleteAItemFromPL(key(2), next));
+  EXPECT_EQ(order(), "a*c!");
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(ControlerTest, DeletingTheOnlyItemLeavesNothing) {
+  controler.AddAMovieToPL("C:\\v\\a.avi");
+  MoviePtr next;
+  EXPECT_TRUE(controler.deleteAItemFromPL(key(1), next));
+  EXPECT_FALSE(next);
+  EXPECT_EQ(screen.strFilePath(), "");
+  EXPECT_FALSE(controler.deleteAItemFromPL("F1", next));
+}
+
+TEST_F(ControlerTest, ClearingTheListUnloadsTheFile) {
+  addThree();
+  controler.deleteAllItemFromPL();
+  EXPECT_EQ(controler.lngGetPlayListItemCount(), 0);
+  EXPECT_EQ(screen.strFilePath(), "");
+}
+
+TEST_F(ControlerTest, MovingSelectingAndAskingGoToThePlaylist) {
+  addThree();
+  MoviePtr neighbour;
+  EXPECT_TRUE(controler.moveAItemUpDown(2, key(1), neighbour));
+  EXPECT_EQ(neighbour->strFileName, "b.avi");
+  EXPECT_EQ(order(), "ba*!c");
+  controler.selectAItem(key(3));
+  EXPECT_EQ(order(), "ba*c!");
+  EXPECT_EQ(controler.objGetPlayItem()->strFileName, "a.avi");
+  EXPECT_EQ(controler.lngGetIndexByItemFlag(key(3)), 3);
+}
+
+TEST_F(ControlerTest, VolumeAndRuleAreStoredAndHandedOn) {
+  controler.setVolume(77);
+  controler.setPlayRuler(playRule::kPreferMedia);
+  EXPECT_EQ(controler.config().intVolumeValue(), 77);
+  EXPECT_EQ(screen.intVolume(), 77);
+  EXPECT_EQ(controler.config().lngPlayRuler(), playRule::kPreferMedia);
+  EXPECT_EQ(screen.lngPlayRuler(), playRule::kPreferMedia);
+}
+
+TEST_F(ControlerTest, MuteLengthAndPositionGoToThePlaybackWindow) {
+  controler.setMute(true);
+  EXPECT_TRUE(screen.boolMute());
+  EXPECT_TRUE(controler.boolGetMuteValue());
+  real().length = 90000;
+  EXPECT_EQ(controler.lngGetClipLength(), 90);
+  controler.setJinDu(12);
+  EXPECT_EQ(screen.lngJinDu(), 12);
+}
+
+TEST_F(ControlerTest, TheWindowsEventsAreHandedToThePanelUnchanged) {
+  screen.JinDu.raise(32, 65, "00:01:05", 200, "00:03:20");
+  screen.PlayErr.raise("why");
+  screen.PlayOver.raise();
+  EXPECT_EQ(trace.take(), "progress 32 65 00:01:05 200 00:03:20 | error why | over");
+}
+
+TEST_F(ControlerTest, TheControlMenusCommandsAndThePanelsStateAfterThem) {
+  controler.AddAMovieToPL("C:\\v\\a.avi");
+  const auto panelAfter = [this](std::int32_t code) {
+    trace.take();
+    screen.clickPopuMenu.raise(code);
+    const std::string all = trace.take();
+    const auto state = all.rfind("state ");
+    return state == std::string::npos ? std::string("none") : all.substr(state);
+  };
+  EXPECT_EQ(panelAfter(menuCode::kScreen), "state 6");
+  EXPECT_TRUE(screen.boolMaxSize());
+  EXPECT_EQ(panelAfter(menuCode::kExitFullScreen), "state 7");
+  EXPECT_FALSE(screen.boolMaxSize());
+  EXPECT_EQ(panelAfter(menuCode::kPlay), "state 1");
+  EXPECT_EQ(panelAfter(menuCode::kPlay), "state 2");  // refused while starting: the paused look
+  time.advance(1);
+  real().notify(RealPlayState::playing);
+  EXPECT_EQ(panelAfter(menuCode::kPause), "state 2");
+  EXPECT_EQ(screen.lngState(), playState::kPaused);
+  EXPECT_EQ(panelAfter(menuCode::kStop), "state 3");
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
+  EXPECT_EQ(panelAfter(menuCode::kMute), "state 5");
+  EXPECT_EQ(panelAfter(menuCode::kSoundOn), "state 4");
+  EXPECT_EQ(panelAfter(menuCode::kShowMainFace), "none");
+  EXPECT_EQ(panelAfter(99), "none");
+}
+
+TEST_F(ControlerTest, ADoubleClickGoesFullScreenOnTheMonitorUnderThePointer) {
+  pointer.at = {1300, 500};
+  screen.DbClickPlayer.raise(false);
+  EXPECT_TRUE(screen.boolMaxSize());
+  EXPECT_EQ(screen.maximum(), (Rect{1280, 0, 1920, 1080}));
+  EXPECT_NE(trace.take().find("panel on top | state 6"), std::string::npos);
+}
+
+TEST_F(ControlerTest, OnASharedEdgeThePrimaryMonitorWins) {
+  pointer.at = {1280, 500};
+  screen.DbClickPlayer.raise(false);
+  EXPECT_EQ(screen.maximum(), (Rect{0, 0, 1280, 1024}));
+}
+
+TEST_F(ControlerTest, ADoubleClickOnNoMonitorDoesNothing) {
+  pointer.at = {-5000, 0};
+  screen.DbClickPlayer.raise(false);
+  EXPECT_FALSE(screen.boolMaxSize());
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(ControlerTest, ADoubleClickInFullScreenBringsThePanelUp) {
+  pointer.at = {10, 10};
+  screen.DbClickPlayer.raise(true);
+  EXPECT_EQ(trace.take(), "panel front");
+}
+
+TEST_F(ControlerTest, AClickBringsThePanelToTheMonitorUnderThePointer) {
+  pointer.at = {2000, 500};
+  screen.ClickPlayer.raise();
+  // Work area 1920 x 1040 at 1280,0; the panel is 400 x 300.
+  EXPECT_EQ(trace.take(), "panel to 2040,370 | panel front");
+  screen.ClickPlayer.raise();
+  EXPECT_EQ(trace.take(), "panel front");
+}
+
+TEST_F(ControlerTest, ThePlayAreaIsKept) {
+  screen.reportPosition.raise(Rect{1280, 0, 1920, 1080});
+  EXPECT_EQ(controler.playArea(), (Rect{1280, 0, 1920, 1080}));
+}
+
+TEST_F(ControlerTest, LeavingSavesInOrderAndEndsTheLoop) {
+  addThree();
+  panel.shownLength = 200;
+  panel.shownPosition = 65;
+  screen.boolMute(true);
+  screen.show();
+  trace.take();
+  controler.exitSys();
+  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | quit");
+  EXPECT_FALSE(screen.visible());
+  SysConfig stored;
+  stored.strDBFilePath(database);
+  ASSERT_TRUE(stored.boolGetData());
+  EXPECT_EQ(stored.lngCurrentPlayItemLen(), 200);
+  EXPECT_EQ(stored.lngCurrentPlayPosition(), 65);
+  PlayList again(keys);
+  again.strPLDBFilePath(database);
+  ASSERT_TRUE(again.boolGetPlayListFromPLDB());
+  EXPECT_EQ(again.lngListCount(), 3);
+}
+
+TEST_F(ControlerTest, WithoutKeepingTheListOnlyTheSettingsAreSaved) {
+  addThree();
+  controler.config().boolSavePlayList(false);
+  controler.setVolume(12);
+  panel.shownPosition = 65;
+  controler.exitSys();
+  SysConfig stored;
+  stored.strDBFilePath(database);
+  ASSERT_TRUE(stored.boolGetData());
+  EXPECT_EQ(stored.intVolumeValue(), 12);
+  EXPECT_EQ(stored.lngCurrentPlayPosition(), 0);
+  PlayList again(keys);
+  again.strPLDBFilePath(database);
+  ASSERT_TRUE(again.boolGetPlayListFromPLDB());
+  EXPECT_EQ(again.lngListCount(), 0);
+}
+
+TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
+  loop.whilePumping = [this] { controler.exitSys(); };
+  trace.take();
+  controler.exitSys();
+  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | quit");
+}
+
+TEST_F(ControlerTest, WhatCannotBeSavedIsLogged) {
+  controler.config().strDBFilePath(folder.file("no/such/folder/SysConfig"));
+  playList.strPLDBFilePath(folder.file("no/such/folder/SysConfig"));
+  controler.exitSys();
+  ASSERT_GE(log.lines.size(), 3U);
+  EXPECT_EQ(log.lines[log.lines.size() - 3].substr(0, 25), "error settings not saved:");
+  EXPECT_EQ(log.lines[log.lines.size() - 2].substr(0, 25), "error playlist not saved:");
+  EXPECT_EQ(log.lines.back(), "info stop");
+}
+
+}  // namespace
+}  // namespace tessivo

@@ -1,0 +1,135 @@
+#include "app/StartUp.h"
+
+#include "unit/app/ControlerFixture.h"
+
+namespace tessivo {
+namespace {
+
+TEST(ProgramPaths, AreFormedFromTheProgramFolder) {
+  const ProgramPaths paths = formProgramPaths("C:\\Program Files\\Tessivo");
+  EXPECT_EQ(paths.programFolder, "C:\\Program Files\\Tessivo");
+  EXPECT_EQ(paths.parentFolder, "C:\\Program Files");
+  EXPECT_EQ(paths.database, "C:\\Program Files\\Tessivo\\SysConfig");
+  EXPECT_EQ(paths.databaseForOthers, "C:\\Program Files\\Tessivo\\sysconfig");
+  EXPECT_EQ(paths.screenSaverFolder, "C:\\Program Files\\Tessivo\\SSP");
+  EXPECT_EQ(paths.associationStore, "C:\\Program Files\\FileAssocia");
+}
+
+class StartUpTest : public ControlerFixture {
+ protected:
+  void SetUp() override {
+    time.setDate({2026, 11, 20, 1000});
+    files.existing = {"C:\\v\\a.avi", "C:\\v\\b.avi", "C:\\v\\c.avi"};
+    ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
+    paths.database = database;
+  }
+  void store(std::int16_t volume, std::int32_t rule, bool keepList) {
+    SysConfig config;
+    config.strDBFilePath(database);
+    config.intVolumeValue(volume);
+    config.lngPlayRuler(rule);
+    config.boolSavePlayList(keepList);
+    config.lngCurrentPlayPosition(65);
+    config.lngCurrentPlayItemLen(200);
+    ASSERT_TRUE(config.boolSaveData());
+    PlayList list(keys);
+    list.strPLDBFilePath(database);
+    for (const char* path : {"C:\\v\\a.avi", "C:\\v\\b.avi"}) {
+      auto movie = std::make_shared<Movie>(keys);
+      movie->strFilePath = path;
+      movie->strFileName = std::string(path).substr(5);
+      list.addAItem(movie);
+    }
+    list.setPlayItemByFlag(list.objGetAItem(2)->strKey);
+    ASSERT_TRUE(list.boolSavePlayListToPLDB());
+  }
+  void start(const std::string& commandLine = "") {
+    trace.take();
+    startUp({paths, commandLine, displays, aimMonitor, playList, controler, screen, panel,
+             [this] { trace.add("load panel"); }});
+  }
+
+  ProgramPaths paths;
+  AimMonitor aimMonitor{displays};
+};
+
+TEST_F(StartUpTest, AStoredListIsShownLoadedAndNotStarted) {
+  store(45, playRule::kMediaOnly, true);
+  start();
+  EXPECT_EQ(order(), "ab*!");
+  EXPECT_EQ(screen.strFilePath(), "C:\\v\\b.avi");
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
+  EXPECT_EQ(screen.intVolume(), 45);
+  EXPECT_EQ(screen.lngPlayRuler(), playRule::kMediaOnly);
+  EXPECT_EQ(wmp().position, 65);
+  const std::string all = trace.take();
+  const auto panelLoaded = all.find("load panel");
+  const auto rows = all.find("row a.avi | row b.avi | mark " + key(2) + " 1");
+  const auto url = all.find("wmp url C:\\v\\b.avi");
+  const auto shown = all.find("settings shown");
+  EXPECT_LT(panelLoaded, rows);
+  EXPECT_LT(rows, url);
+  EXPECT_LT(url, shown);
+  EXPECT_NE(shown, std::string::npos);
+}
+
+TEST_F(StartUpTest, TheVolumeIsThirtyUntilTheSettingsAreGiven) {
+  store(45, playRule::kRealOnly, true);
+  start();
+  const std::string all = trace.take();
+  EXPECT_LT(all.find("real volume 30 | load panel"), all.find("real volume 45"));
+}
+
+TEST_F(StartUpTest, TheFirstPlayOfTheStoredItemStartsWhereItWasLeft) {
+  store(45, playRule::kRealOnly, true);
+  start();
+  screen.play();
+  time.advance(1);
+  trace.take();
+  real().notify(RealPlayState::playing);
+  EXPECT_EQ(trace.take(), "real position 65000 | real sound");
+}
+
+TEST_F(StartUpTest, WithoutKeepingTheListTheStoredOneIsCleared) {
+  store(45, playRule::kRealOnly, false);
+  start();
+  EXPECT_EQ(playList.lngListCount(), 0);
+  EXPECT_EQ(screen.strFilePath(), "");
+  PlayList again(keys);
+  again.strPLDBFilePath(database);
+  EXPECT_TRUE(again.boolGetPlayListFromPLDB());
+  EXPECT_EQ(again.lngListCount(), 0);
+}
+
+TEST_F(StartUpTest, ACommandLineIsOnePathWithItsBlanksAndPlays) {
+  files.existing.insert("C:\\v\\two words.avi");
+  start("C:\\v\\two words.avi");
+  EXPECT_EQ(order(), "t*!");
+  EXPECT_EQ(screen.lngState(), playState::kStarting);
+}
+
+TEST_F(StartUpTest, TheShowPanelTextIsAFileNameAtStart) {
+  start("-SMF");
+  EXPECT_EQ(playList.lngListCount(), 0);
+  EXPECT_EQ(log.lines.back(), "error not added, no such file: -SMF");
+}
+
+TEST_F(StartUpTest, WithTwoMonitorsTheWindowFillsTheTargetAtOnce) {
+  start();
+  EXPECT_TRUE(screen.boolMaxSize());
+  EXPECT_TRUE(screen.visible());
+  EXPECT_EQ(screen.windowRect(), (Rect{1280, 0, 1920, 1080}));
+  EXPECT_EQ(screen.normal(), (Rect{160, 128, 960, 768}));
+  EXPECT_NE(trace.take().find("panel on top | state 6"), std::string::npos);
+}
+
+TEST_F(StartUpTest, WithOneMonitorTheWindowIsNormalAndCentred) {
+  displays.remove(102);
+  start();
+  EXPECT_FALSE(screen.boolMaxSize());
+  EXPECT_TRUE(screen.visible());
+  EXPECT_EQ(screen.windowRect(), (Rect{160, 128, 960, 768}));
+}
+
+}  // namespace
+}  // namespace tessivo
