@@ -1,6 +1,8 @@
 #include "data/PrepareDatabase.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
@@ -107,17 +109,26 @@ void create(const std::string& path) {
   completeTables(database);
 }
 
+std::int64_t numberOf(Database& database, const std::string& pragma) {
+  return asInteger<std::int64_t>(database.query("PRAGMA " + pragma).cells.at(0), 0);
+}
+
 void checkPages(const std::string& path, Database& database) {
   const auto verdict = database.query("PRAGMA quick_check(1)");
   const auto text = verdict.cells.empty() ? std::string() : asText(verdict.cells.front());
   if (text != "ok") throw DataError(DataFault::damaged, path + ": " + text);
+  // A last page that is cut short reads as if zeros followed.
+  const auto whole = numberOf(database, "page_count") * numberOf(database, "page_size");
+  if (std::filesystem::file_size(toFilePath(path)) < static_cast<std::uintmax_t>(whole)) {
+    throw DataError(DataFault::damaged, path + ": the end is missing");
+  }
 }
 
 bool canBeWritten(const std::string& path) {
   return std::fstream(toFilePath(path), std::ios::in | std::ios::out | std::ios::binary).is_open();
 }
 
-/// The journal goes along: left behind it would be applied to the new database.
+/// A journal that is still there goes along; the new database must not find it.
 std::string keepAside(const std::string& path) {
   std::error_code none;
   std::string aside = freeNameBeside(path, ".damaged-");

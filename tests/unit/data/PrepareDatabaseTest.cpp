@@ -1,0 +1,329 @@
+#include "data/PrepareDatabase.h"
+
+#include <random>
+
+#include "data/PlayList.h"
+#include "fakes/VirtualTime.h"
+#include "unit/data/DataTestSupport.h"
+
+#ifdef _WIN32
+#include <share.h>
+
+#include <cstdio>
+#else
+#include <unistd.h>
+#endif
+
+namespace tessivo {
+namespace {
+
+/// While it lives, nobody can write the file. File modes do not bind the super-user, so on Linux
+/// the test acts as somebody else; on Windows an open file that denies writing binds everybody.
+class WriteProtected {
+ public:
+  explicit WriteProtected(const std::string& path) : file_(toFilePath(path)) {
+    using std::filesystem::perms;
+    std::filesystem::permissions(file_, perms::owner_read | perms::group_read | perms::others_read);
+#ifdef _WIN32
+    guard_ = _wfsopen(file_.c_str(), L"rb", _SH_DENYWR);
+    EXPECT_NE(guard_, nullptr);
+#else
+    const uid_t nobody = 65534;
+    EXPECT_EQ(seteuid(user_ == 0 ? nobody : user_), 0);
+#endif
+  }
+  ~WriteProtected() {
+#ifdef _WIN32
+    std::fclose(guard_);
+#else
+    EXPECT_EQ(seteuid(user_), 0);
+#endif
+    std::filesystem::permissions(file_, std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::add);
+  }
+  WriteProtected(const WriteProtected&) = delete;
+  WriteProtected& operator=(const WriteProtected&) = delete;
+
+ private:
+  std::filesystem::path file_;
+#ifdef _WIN32
+  std::FILE* guard_ = nullptr;
+#else
+  uid_t user_ = geteuid();
+#endif
+};
+
+class PrepareDatabaseTest : public testing::Test {
+ protected:
+  DatabaseState prepare() { return prepareDatabase(path, log); }
+
+  /// A good database with some rows, several pages long.
+  std::string storeAList(int count) {
+    prepare();
+    for (int i = 0; i < count; ++i) {
+      auto movie = std::make_shared<Movie>(keys);
+      movie->strFilePath = "D:\\Media\\" + std::string(200, 'f') + std::to_string(i);
+      list.addAItem(movie);
+    }
+    list.strPLDBFilePath(path);
+    EXPECT_TRUE(list.boolSavePlayListToPLDB());
+    log = {};
+    return contentOf(path);
+  }
+  std::vector<std::string> tables() {
+    return runSql(path, "select name from sqlite_schema where type='table' order by name");
+  }
+  std::string columnsOf(const std::string& table) {
+    std::string all;
+    for (const auto& column :
+         runSql(path, "select name || ' ' || type from pragma_table_info('" + table + "')")) {
+      all += (all.empty() ? "" : ", ") + column;
+    }
+    return all;
+  }
+  void expectReplaced(const std::string& damaged) {
+    EXPECT_EQ(prepare(), DatabaseState::replaced);
+    EXPECT_EQ(contentOf(folder.file("SysConfig.damaged-1")), damaged);
+    EXPECT_EQ(tables().size(), 4u);
+    EXPECT_EQ(log.errors.size(), 2u);
+  }
+  void expectLeftAlone(const std::string& content) {
+    EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+    EXPECT_EQ(contentOf(path), content);
+    EXPECT_EQ(folder.fileCount(), 1u);
+    EXPECT_EQ(log.infos.size() + log.errors.size(), 1u);
+  }
+
+  TestFolder folder;
+  const std::string path = folder.file("SysConfig");
+  RecordingLog log;
+  VirtualTime time;
+  MovieKeys keys{time};
+  PlayList list{keys};
+};
+
+TEST_F(PrepareDatabaseTest, AMissingFileBecomesADatabaseWithFourEmptyTables) {
+  EXPECT_EQ(prepare(), DatabaseState::created);
+  EXPECT_EQ(tables(), (std::vector<std::string>{"file_association", "file_association_config",
+                                                "play_list", "sys"}));
+  for (const auto& table : tables()) {
+    EXPECT_TRUE(runSql(path, "select * from " + table).empty()) << table;
+  }
+  EXPECT_EQ(log.infos.size(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, TheTablesHaveTheirColumns) {
+  prepare();
+  EXPECT_EQ(columnsOf("play_list"),
+            "item_order INTEGER, flag_for_play_list TEXT, file_name TEXT, file_path TEXT, "
+            "is_play_item SMALLINT");
+  EXPECT_EQ(columnsOf("sys"),
+            "recycle_play SMALLINT, volume_value SMALLINT, play_ruler INTEGER, screen_saver "
+            "SMALLINT, scr_sav_proc_name TEXT, screen_saver_delay_minute INTEGER, "
+            "popu_main_face_for_err SMALLINT, play_next_item_on_err SMALLINT, save_play_list "
+            "SMALLINT, current_play_position INTEGER, current_play_item_len INTEGER");
+  EXPECT_EQ(columnsOf("file_association"),
+            "app_association TEXT, description_info TEXT, app_id TEXT, old_app_id TEXT, "
+            "default_app_id_1 TEXT, default_app_id_2 TEXT");
+  EXPECT_EQ(columnsOf("file_association_config"),
+            "main_app_file_name TEXT, main_default_ico_file_name TEXT, menu_handler_guid TEXT, "
+            "menu_handler_name TEXT");
+}
+
+TEST_F(PrepareDatabaseTest, AnEmptyFileBecomesADatabase) {
+  writeFile(path, "");
+  EXPECT_EQ(prepare(), DatabaseState::created);
+  EXPECT_EQ(tables().size(), 4u);
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, AGoodDatabaseIsNotTouched) {
+  const auto content = storeAList(50);
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_EQ(contentOf(path), content);
+  EXPECT_EQ(folder.fileCount(), 1u);
+  EXPECT_TRUE(log.errors.empty());
+}
+
+TEST_F(PrepareDatabaseTest, AMissingTableIsAddedAndTheOthersKeepTheirRows) {
+  storeAList(3);
+  runSql(path, "drop table sys");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_EQ(tables().size(), 4u);
+  EXPECT_EQ(runSql(path, "select * from play_list").size(), 3u);
+}
+
+TEST_F(PrepareDatabaseTest, AMissingColumnIsAddedAndTheRowsStay) {
+  storeAList(3);
+  runSql(path, "alter table play_list drop column is_play_item");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_TRUE(list.boolGetPlayListFromPLDB());
+  EXPECT_EQ(list.lngListCount(), 3);
+}
+
+TEST_F(PrepareDatabaseTest, TablesAreRecognisedWithoutRegardToCase) {
+  runSql(path,
+         "create table PLAY_LIST(Item_Order integer, flag_for_play_list text, file_name text,"
+         " file_path text, is_play_item smallint)");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_EQ(tables().size(), 4u);
+}
+
+TEST_F(PrepareDatabaseTest, RandomBytesAreKeptAside) {
+  std::mt19937 random(7);
+  std::string bytes(20000, ' ');
+  for (auto& byte : bytes) byte = static_cast<char>(random());
+  writeFile(path, bytes);
+  expectReplaced(bytes);
+}
+
+TEST_F(PrepareDatabaseTest, AFewBytesAreKeptAside) {
+  writeFile(path, "hello");
+  expectReplaced("hello");
+}
+
+TEST_F(PrepareDatabaseTest, ATextFileIsKeptAside) {
+  writeFile(path, std::string(3000, 'a'));
+  expectReplaced(std::string(3000, 'a'));
+}
+
+TEST_F(PrepareDatabaseTest, ATruncatedDatabaseIsKeptAside) {
+  const auto whole = storeAList(500);
+  const std::size_t page = 16384;
+  for (const std::size_t length : {std::size_t{50}, std::size_t{99}, page / 2, page, page + 1,
+                                   whole.size() - page, whole.size() - 1}) {
+    SCOPED_TRACE(length);
+    std::filesystem::remove(toFilePath(folder.file("SysConfig.damaged-1")));
+    log = {};
+    writeFile(path, whole.substr(0, length));
+    expectReplaced(whole.substr(0, length));
+  }
+}
+
+TEST_F(PrepareDatabaseTest, DamageInTheMiddleIsFound) {
+  auto content = storeAList(500);
+  std::fill_n(content.begin() + static_cast<std::ptrdiff_t>(content.size() / 2), 2000, '\xa5');
+  content.replace(content.size() / 16384 / 2 * 16384, 100, std::string(100, '\x77'));
+  writeFile(path, content);
+  expectReplaced(content);
+}
+
+TEST_F(PrepareDatabaseTest, WhatWasKeptAsideBeforeIsNotOverwritten) {
+  writeFile(path, "first");
+  prepare();
+  writeFile(path, "second");
+  EXPECT_EQ(prepare(), DatabaseState::replaced);
+  EXPECT_EQ(contentOf(folder.file("SysConfig.damaged-1")), "first");
+  EXPECT_EQ(contentOf(folder.file("SysConfig.damaged-2")), "second");
+}
+
+TEST_F(PrepareDatabaseTest, TheJournalOfADamagedDatabaseGoesAlong) {
+  writeFile(path, "not a database");
+  const std::string journal("\0old journal", 12);
+  writeFile(path + "-journal", journal);
+  EXPECT_EQ(prepare(), DatabaseState::replaced);
+  EXPECT_EQ(contentOf(folder.file("SysConfig.damaged-1-journal")), journal);
+  EXPECT_FALSE(std::filesystem::exists(toFilePath(path + "-journal")));
+}
+
+TEST_F(PrepareDatabaseTest, AnAccessFileIsLeftAlone) {
+  for (const char* format : {"Standard Jet DB", "Standard ACE DB"}) {
+    const auto content = std::string("\0\1\0\0", 4) + format + std::string(5000, '\0');
+    writeFile(path, content);
+    log = {};
+    expectLeftAlone(content);
+  }
+}
+
+TEST_F(PrepareDatabaseTest, ADatabaseHeldByAnotherProgramIsLeftAlone) {
+  const auto content = storeAList(3);
+  OtherProgram other(path);
+  other.run("begin exclusive");
+  EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+  other.run("rollback");
+  EXPECT_EQ(contentOf(path), content);
+  EXPECT_EQ(log.errors.size(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, AFolderInThePlaceOfTheFileIsLeftAlone) {
+  std::filesystem::create_directory(toFilePath(path));
+  EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+  EXPECT_TRUE(std::filesystem::is_directory(toFilePath(path)));
+}
+
+TEST_F(PrepareDatabaseTest, AMissingProgramFolderIsLogged) {
+  EXPECT_EQ(prepareDatabase(folder.file("no/such/folder/SysConfig"), log),
+            DatabaseState::leftAlone);
+  EXPECT_EQ(log.errors.size(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseIsLeftAsItIsAndCanBeLoadedButNotSaved) {
+  const auto content = storeAList(3);
+  {
+    const WriteProtected protection(path);
+    EXPECT_EQ(prepare(), DatabaseState::ready);
+    EXPECT_TRUE(list.boolGetPlayListFromPLDB());
+    EXPECT_EQ(list.lngListCount(), 3);
+    list.deleteAItem(list.objGetAItem(1)->strKey);
+    EXPECT_FALSE(list.boolSavePlayListToPLDB());
+  }
+  EXPECT_EQ(contentOf(path), content);
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseThatLacksATableIsLeftAlone) {
+  storeAList(3);
+  runSql(path, "drop table sys");
+  const auto content = contentOf(path);
+  {
+    const WriteProtected protection(path);
+    expectLeftAlone(content);
+  }
+}
+
+TEST_F(PrepareDatabaseTest, ADamagedFileThatIsReadOnlyIsLeftAlone) {
+  writeFile(path, "not a database");
+  {
+    const WriteProtected protection(path);
+    EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+  }
+  EXPECT_EQ(contentOf(path), "not a database");
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+/// Bytes anywhere are changed. Whatever that did: nothing crashes, and what lay there before is
+/// either still the database or kept aside, byte for byte.
+TEST_F(PrepareDatabaseTest, NoDamageCrashesOrLosesTheFile) {
+  const auto good = storeAList(300);
+  std::mt19937 random(20261120);
+  int replaced = 0;
+  for (int round = 0; round < 100; ++round) {
+    auto content = good;
+    const auto changes = 1 + random() % 20;
+    for (std::size_t i = 0; i < changes; ++i) {
+      // Half of them where pages have their headers, where it hurts.
+      const auto page = random() % (content.size() / 16384) * 16384;
+      const auto place = random() % 2 == 0 ? page + random() % 120 : random() % content.size();
+      content[place] = static_cast<char>(random());
+    }
+    writeFile(path, content);
+    const auto state = prepare();
+    const auto aside = folder.file("SysConfig.damaged-1");
+    ASSERT_EQ(contentOf(state == DatabaseState::replaced ? aside : path).size(), content.size());
+    if (state == DatabaseState::replaced) {
+      ++replaced;
+      ASSERT_EQ(contentOf(aside), content) << "round " << round;
+      std::filesystem::remove(toFilePath(aside));
+    }
+    PlayList loaded(keys);
+    loaded.strPLDBFilePath(path);
+    if (loaded.boolGetPlayListFromPLDB() && state == DatabaseState::ready) {
+      ASSERT_GT(loaded.lngListCount(), 0) << "round " << round;
+    }
+    loaded.boolSavePlayListToPLDB();
+  }
+  EXPECT_GT(replaced, 30);
+}
+
+}  // namespace
+}  // namespace tessivo
