@@ -72,6 +72,7 @@ void Playback::failLater(const char* message) {
 
 void Playback::mediaStateChanged(MediaPlayState state) {
   if (state == MediaPlayState::mediaEnded) {
+    log_.info("ended: " + strFilePath());
     reset();
     PlayOver.raise();
   } else if (state == MediaPlayState::playing) {
@@ -95,6 +96,7 @@ void Playback::realStateChanged(RealPlayState state) {
       timRealPopuWinErrCheck.setEnabled(false);
       timRealErrDelay.setEnabled(true);
     } else {
+      log_.info("ended: " + strFilePath());
       lightReset();
       PlayOver.raise();
     }

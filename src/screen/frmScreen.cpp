@@ -12,7 +12,7 @@ constexpr int kTimePanelMs = 1000;
 constexpr int kPositionReportMs = 2000;
 constexpr const char* kSeparator = " / ";
 constexpr const char* kZeroTime = "00:00:00";
-constexpr const char* kCaption = "Tessivo 泰思维";
+constexpr const char* kCaption = "Tessivo 播放窗口";
 
 // The time panel: a small dark plate in the upper left corner, in twips.
 constexpr Rect kTimePanel{120, 120, 2100, 330};

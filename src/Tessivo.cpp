@@ -1,0 +1,117 @@
+// Entry point and composition root: builds every object, wires them, runs the message loop.
+#include <windows.h>
+// After windows.h, which they need:
+#include <objbase.h>
+#include <shlobj.h>
+
+#include <memory>
+#include <string>
+
+#include "app/Controler.h"
+#include "app/ProgramPaths.h"
+#include "app/StartUp.h"
+#include "data/PrepareDatabase.h"
+#include "monitors/AimMonitor.h"
+#include "monitors/cMonitors.h"
+#include "panel/frmMain.h"
+#include "platform/FileLog.h"
+#include "platform/win32/ProgramFolder.h"
+#include "platform/win32/Win32Clock.h"
+#include "platform/win32/Win32Displays.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32MessageLoop.h"
+#include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32TimerService.h"
+#include "platform/win32/WindowsText.h"
+#include "screen/engines/embedded/EmbeddedEngineFactory.h"
+#include "screen/frmScreen.h"
+#include "ui/win32/Win32Toolkit.h"
+
+namespace {
+
+using namespace tessivo;
+
+/// The user-interface thread's COM apartment, which the engines and the shell's dialogs need.
+class ComApartment {
+ public:
+  ComApartment()
+      : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
+  ~ComApartment() {
+    if (SUCCEEDED(result_)) CoUninitialize();
+  }
+  ComApartment(const ComApartment&) = delete;
+  ComApartment& operator=(const ComApartment&) = delete;
+
+ private:
+  HRESULT result_;
+};
+
+/// Libraries come from the system's folder and the program's own, never from the current folder or
+/// the search path.
+void restrictLibrarySearch() {
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
+  SetDllDirectoryW(L"");
+}
+
+std::string localDataFolder() {
+  PWSTR folder = nullptr;
+  const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &folder);
+  std::string path = SUCCEEDED(result) ? fromWide(folder) + "\\Tessivo" : "";
+  CoTaskMemFree(folder);
+  if (!path.empty()) CreateDirectoryW(toWide(path).c_str(), nullptr);
+  return path;
+}
+
+/// Beside the database, or in the user's own folder where the program's may not be written.
+std::unique_ptr<FileLog> openLog(const ProgramPaths& paths, const Clock& clock) {
+  auto log = std::make_unique<FileLog>(paths.programFolder + "\\Tessivo.log", clock);
+  if (log->isOpen()) return log;
+  return std::make_unique<FileLog>(localDataFolder() + "\\Tessivo.log", clock);
+}
+
+/// The work area of the primary monitor: the operator's.
+Rect panelArea(const Displays& displays) {
+  const cMonitors monitors(displays);
+  const auto primary = monitors.Monitor(monitors.primaryIndex());
+  if (!primary) return displays.primaryScreen();
+  return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
+}
+
+int runProgram() {
+  const Win32Clock clock;
+  const ProgramPaths paths = formProgramPaths(programFolder());
+  const auto log = openLog(paths, clock);
+  log->info("start");
+  prepareDatabase(paths.database, *log);
+
+  const Win32Displays displays;
+  const Win32Files files;
+  const Win32Pointer pointer;
+  Win32MessageLoop loop;
+  loop.setFilter([](MSG& message) { return ui::Win32Toolkit::translate(message); });
+  Win32TimerService timers(*log);
+  ui::Win32Toolkit toolkit(displays.twipsPerPixel(), *log);
+  EmbeddedEngineFactory engines(*log);
+
+  AimMonitor aimMonitor(displays);
+  MovieKeys keys(clock);
+  PlayList playList(keys);
+  Controler controler({keys, files, displays, pointer, loop, *log});
+  frmScreen screen({toolkit, timers, displays, files, *log, engines});
+  frmMain panel(toolkit, displays.twipsPerPixel(), controler);
+  startUp({paths, commandLineArguments(), displays, aimMonitor, playList, controler, screen, panel,
+           [&panel, &displays] {
+             panel.load(panelArea(displays));
+             panel.show();
+           }});
+  loop.run();
+  return 0;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  restrictLibrarySearch();
+  const ComApartment apartment;
+  return runProgram();
+}
