@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# With one monitor the picture opens in a window; the mouse brings it to full screen and back.
+source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
+journey one-monitor single
+
+screen_is() { [[ $(player_shows screen) == "$1 "* ]]; }
+panel_is_above() {
+  # What is seen in the middle of the panel is the panel: its light list, not the picture.
+  at_least "$(brightness 40x40+640+600)" 0.8
+}
+
+player_list "$folder" "${1:-3}" 40 "$clips/long.mp4"
+player_start "$folder"
+check "the window opens centred, three quarters of the screen" screen_is 160,128,960,768
+player_drive play
+check "it plays" says_within 20 ' playing: '
+xdotool mousemove 200 500 click --repeat 2 --delay 60 1
+check "a double click fills the monitor" player_wait 5 screen_is 0,0,1280,1024
+check "the control panel stays above the picture" player_wait 5 panel_is_above
+xdotool mousemove 60 900 click 3
+sleep 1
+desktop_screenshot "$shots/menu.png"
+check "the right button opens the menu" at_least "$(player_region "$shots/menu.png" 30x100+75+780 mean)" 0.5
+xdotool key Escape
+player_drive close
+check "it leaves in order" said ' stop$'

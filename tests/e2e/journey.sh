@@ -1,0 +1,68 @@
+# To be sourced by the journeys: a desktop, the player in a folder of its own, results as lines.
+#
+#   journey NAME [LAYOUT]     begins: desktop, sound, folder ($folder), clips ($clips)
+#   check WHAT COMMAND…       "PASS WHAT" or "FAIL WHAT"
+#   journey_clip FILE SOURCE SECONDS ENCODER_OPTION…
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+# shellcheck source=tools/desktop
+source tools/desktop
+# shellcheck source=tools/player
+source tools/player
+
+mpeg4=(-c:v mpeg4 -q:v 4 -c:a libmp3lame)
+h264=(-c:v libx264 -preset ultrafast -c:a aac)
+clips=build/e2e/clips
+
+journey() {
+  PLAYER_NAME=journey
+  name=$1
+  folder=build/e2e/$name
+  shots=out/$name
+  mkdir -p "$shots" "$clips"
+  desktop_start "${2:-right}"
+  sound_start
+  player_end
+  trap 'player_end; desktop_stop' EXIT
+  player_install "$folder"
+  journey_clip "$clips/film.avi" testsrc 6 "${mpeg4[@]}"
+  journey_clip "$clips/中文 影片.mp4" smptebars 6 "${h264[@]}"
+  journey_clip "$clips/long.mp4" testsrc2 60 "${h264[@]}"
+}
+
+check() {
+  local what="$name: $1"
+  shift
+  if "$@"; then
+    echo "PASS $what"
+  else
+    echo "FAIL $what"
+    tail -n 8 "$folder/Tessivo.log" 2>/dev/null | sed 's/^/  log: /' || true
+  fi
+}
+
+journey_clip() {
+  local file=$1 source=$2 seconds=$3
+  shift 3
+  if [[ -e $file ]]; then return; fi
+  ffmpeg -v error -y -f lavfi -i "$source=size=320x180:rate=25:duration=$seconds" \
+    -f lavfi -i "sine=frequency=440:duration=$seconds" -pix_fmt yuv420p "$@" \
+    "${file%/*}/new-${file##*/}" </dev/null
+  mv "${file%/*}/new-${file##*/}" "$file"
+}
+
+said() { (($(player_said "$folder" "$1") >= ${2:-1})); }
+says_within() { player_wait "$1" said "$2" "${3:-1}"; }
+shows() { [[ $(player_shows "$1") == "$2" ]]; }
+shows_within() { player_wait "$1" shows "$2" "$3"; }
+is_full_screen_right() {
+  # No caption, system menu, sizing frame or boxes: no bit of 0xCF0000 is set.
+  [[ $(player_shows screen) =~ ^1280,0,1280,1024\ style\ ([0-9a-f]{8})\ visible$ ]] &&
+    ((16#${BASH_REMATCH[1]} & 0xCF0000)) && return 1
+  [[ $(player_shows screen) == 1280,0,1280,1024\ * ]]
+}
+# The mean of a part of the desktop now.
+brightness() {
+  desktop_screenshot "$shots/now.png"
+  player_region "$shots/now.png" "$1" mean
+}
