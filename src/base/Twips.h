@@ -12,7 +12,9 @@ struct TwipsPerPixel {
   double y = 15;
 };
 
-inline TwipsPerPixel twipsPerPixelAt(double dpi) { return {1440.0 / dpi, 1440.0 / dpi}; }
+inline TwipsPerPixel twipsPerPixelAt(double dpi) {
+  return {1440.0 / dpi, 1440.0 / dpi};
+}
 
 /// Whole twips of so many pixels; a result that does not fit is clamped to 0 by the caller's range.
 inline std::int32_t toTwips(std::int32_t pixels, double twipsPerPixel) {

@@ -7,9 +7,9 @@ namespace tessivo {
 /// A moment of local time.
 struct LocalTime {
   int year = 0;
-  int month = 0;        ///< 1..12
-  int day = 0;          ///< 1..31
-  int msOfDay = 0;      ///< milliseconds since midnight, 0..86 399 999
+  int month = 0;    ///< 1..12
+  int day = 0;      ///< 1..31
+  int msOfDay = 0;  ///< milliseconds since midnight, 0..86 399 999
 };
 
 /// The only source of time. Tests advance it by hand.

@@ -8,7 +8,7 @@ journey bad-database
 opens_and_plays() {
   rm -f "$folder/Tessivo.log"
   player_start "$folder" "$(player_windows_path "$clips/film.avi")" &&
-    player_drive rule 1 && says_within 20 ' playing: ' && player_drive close && said ' stop$'
+    says_within 20 ' playing: ' && player_drive close && said ' stop$'
 }
 same() { [[ $(sha1sum <"$1") == "$2" ]]; }
 rows_after_restart() {
@@ -63,7 +63,7 @@ check "held by another program: the player works" opens_and_plays
 check "held by another program: the log says so" said 'SysConfig'
 echo 'rollback;' >&8
 exec 8>&-
-wait "$holder"
+wait "$holder" || true
 rm "$folder/hold"
 check "held by another program: nothing is lost" \
   test "$(in_database "select count(*) from play_list")" = "$rows_before"
