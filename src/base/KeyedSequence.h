@@ -22,9 +22,9 @@ namespace tessivo {
 /// `KeyOf` is a function object that gives the key of an item. The key of an item in the list must
 /// not change. Indexes count from 0.
 ///
-/// Cost with n items: append, next, previous, first and last, finding an item by key and swapping
-/// neighbours do not depend on n (amortised); turning an index into an item or an item into its
-/// index, and erasing, take O(log n). An item costs about three words beside its key.
+/// Cost with n items: append, next, previous and finding an item by key do not depend on n
+/// (amortised); turning an index into an item or an item into its index, erasing and swapping take
+/// O(log n). An item costs about three words beside its key.
 ///
 /// How: each item has a slot in order of appending; erasing leaves the slot empty; a Fenwick tree
 /// counts the used slots. When most slots are empty, all items move together.

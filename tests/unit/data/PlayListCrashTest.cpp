@@ -1,12 +1,10 @@
-// The program is killed at many moments of a save; afterwards the file holds the old list or the
-// new one, complete. Linux only: Windows offers no fork.
+// The program is killed before every single write of a save; afterwards the file holds the old list
+// or the new one, complete. Linux only: Windows offers no fork.
 #ifndef _WIN32
 
-#include <sys/time.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <chrono>
 
 #include "data/PlayList.h"
 #include "fakes/VirtualTime.h"
@@ -15,7 +13,44 @@
 namespace tessivo {
 namespace {
 
-constexpr int kItems = 4000;
+/// Changes to files that the process may still make; SQLite's own calls count them down.
+int g_changesLeft = 0;
+
+void countDown() {
+  if (g_changesLeft-- == 0) kill(getpid(), SIGKILL);
+}
+ssize_t countedWrite(int file, const void* bytes, size_t length) {
+  countDown();
+  return write(file, bytes, length);
+}
+ssize_t countedWriteAt(int file, const void* bytes, size_t length, off_t place) {
+  countDown();
+  return pwrite(file, bytes, length, place);
+}
+int countedTruncate(int file, off_t length) {
+  countDown();
+  return ftruncate(file, length);
+}
+int countedUnlink(const char* path) {
+  countDown();
+  return unlink(path);
+}
+
+template <typename Function>
+void replaceCall(const char* name, Function* function) {
+  auto* vfs = sqlite3_vfs_find(nullptr);
+  const auto call = reinterpret_cast<sqlite3_syscall_ptr>(function);
+  if (vfs->xSetSystemCall(vfs, name, call) != SQLITE_OK) _exit(3);
+}
+
+void dieAfterChanges(int changes) {
+  g_changesLeft = changes;
+  replaceCall("write", &countedWrite);
+  replaceCall("pwrite", &countedWriteAt);
+  replaceCall("pwrite64", &countedWriteAt);
+  replaceCall("ftruncate", &countedTruncate);
+  replaceCall("unlink", &countedUnlink);
+}
 
 class PlayListCrashTest : public DatabaseTest {
  protected:
@@ -30,14 +65,14 @@ class PlayListCrashTest : public DatabaseTest {
   }
 
   /// "old", "new", or what is wrong.
-  std::string whatIsStored() {
+  std::string whatIsStored(int oldCount, int newCount) {
     RecordingLog log;
     if (prepareDatabase(path, log) != DatabaseState::ready) return "not a good database";
     PlayList stored(keys);
     stored.strPLDBFilePath(path);
     if (!stored.boolGetPlayListFromPLDB()) return "not readable";
-    const auto content = stored.lngListCount() > 0 ? stored.objGetAItem(1)->strFileName : "";
-    const int expected = content == "old" ? kItems : kItems / 2;
+    const auto content = stored.lngListCount() > 0 ? stored.objGetAItem(1)->strFileName : "old";
+    const int expected = content == "new" ? newCount : oldCount;
     if (stored.lngListCount() != expected) return "not complete";
     for (int i = 1; i <= expected; ++i) {
       const auto movie = stored.objGetAItem(i);
@@ -47,57 +82,58 @@ class PlayListCrashTest : public DatabaseTest {
     return content;
   }
 
-  /// Saves in another process that an alarm ends, without any chance to tidy up, after so long.
-  void saveAndDieAfter(PlayList& list, std::chrono::microseconds delay) {
+  /// Saves in another process that is killed when it is about to make one change more. Returns
+  /// whether the save came to its end before.
+  bool saveWithChanges(PlayList& list, int changes) {
     const pid_t child = fork();
-    ASSERT_GE(child, 0);
     if (child == 0) {
-      const itimerval alarm = {{0, 0}, {delay.count() / 1000000, delay.count() % 1000000 + 1}};
-      setitimer(ITIMER_REAL, &alarm, nullptr);
+      dieAfterChanges(changes);
       _exit(list.boolSavePlayListToPLDB() ? 0 : 1);
     }
     int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0) << "the save itself failed";
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    const bool ended = WIFEXITED(status);
+    EXPECT_TRUE(ended ? WEXITSTATUS(status) == 0 : WTERMSIG(status) == SIGKILL) << status;
+    return ended;
+  }
+
+  /// Kills the save of a list over another before its 1st, 1 + stride-th … change.
+  void killEverywhere(int oldCount, int newCount, int stride) {
+    PlayList before(keys);
+    PlayList after(keys);
+    fill(before, "old", oldCount);
+    fill(after, "new", newCount);
+    int changes = 0;
+    for (bool ended = false; !ended; changes += stride) {
+      ASSERT_TRUE(before.boolSavePlayListToPLDB());
+      ASSERT_EQ(folder.fileCount(), 1u) << "a journal was left over";
+      ended = saveWithChanges(after, changes);
+      // The last change of all, which commits, is the removal of the journal.
+      ASSERT_EQ(whatIsStored(oldCount, newCount), ended ? "new" : "old") << changes << " changes";
+    }
+    EXPECT_GT(changes / stride, 10) << "too few moments";
   }
 
   VirtualTime time;
   MovieKeys keys{time};
 };
 
-TEST_F(PlayListCrashTest, AKilledSaveLeavesTheOldListOrTheNewOne) {
-  PlayList before(keys);
-  PlayList after(keys);
-  fill(before, "old", kItems);
-  fill(after, "new", kItems / 2);
-  ASSERT_TRUE(before.boolSavePlayListToPLDB());
+TEST_F(PlayListCrashTest, ASaveKilledBeforeAnyOfItsWritesLeavesTheOldList) {
+  killEverywhere(300, 200, 1);
+}
 
-  const auto start = std::chrono::steady_clock::now();
-  ASSERT_TRUE(after.boolSavePlayListToPLDB());
-  const auto whole = std::chrono::duration_cast<std::chrono::microseconds>(
-      std::chrono::steady_clock::now() - start);
+TEST_F(PlayListCrashTest, AFirstSaveKilledBeforeAnyOfItsWritesLeavesNothing) {
+  killEverywhere(0, 500, 1);
+}
 
-  int killedInTheMidst = 0;
-  int finished = 0;
-  constexpr int kRounds = 50;
-  for (int round = 0; round < kRounds; ++round) {
-    ASSERT_TRUE(before.boolSavePlayListToPLDB());
-    ASSERT_EQ(folder.fileCount(), 1u) << "a journal was left over";
-    ASSERT_NO_FATAL_FAILURE(saveAndDieAfter(after, whole * round * 3 / (kRounds * 2)));
-    if (std::filesystem::exists(toFilePath(path + "-journal"))) ++killedInTheMidst;
-    const auto stored = whatIsStored();
-    ASSERT_TRUE(stored == "old" || stored == "new") << stored << ", round " << round;
-    if (stored == "new") ++finished;
-  }
-  // Otherwise the moments were badly chosen and nothing has been shown.
-  EXPECT_GT(killedInTheMidst, 5);
-  EXPECT_GT(finished, 0);
-  EXPECT_LT(finished, kRounds);
+/// Larger than the page cache: the file is written to long before the commit.
+TEST_F(PlayListCrashTest, ASaveOfALongListKilledAtManyOfItsWritesLeavesTheOldList) {
+  killEverywhere(14000, 13000, 53);
 }
 
 TEST_F(PlayListCrashTest, AHotJournalIsAppliedBeforeAnythingIsJudged) {
   PlayList before(keys);
-  fill(before, "old", kItems);
+  fill(before, "old", 2000);
   ASSERT_TRUE(before.boolSavePlayListToPLDB());
   const auto good = contentOf(path);
 
@@ -114,7 +150,7 @@ TEST_F(PlayListCrashTest, AHotJournalIsAppliedBeforeAnythingIsJudged) {
   ASSERT_NE(halfWritten, good);
   writeFile(path, halfWritten);
   writeFile(path + "-journal", journal);
-  EXPECT_EQ(whatIsStored(), "old");
+  EXPECT_EQ(whatIsStored(2000, 0), "old");
   EXPECT_EQ(folder.fileCount(), 1u);
 }
 

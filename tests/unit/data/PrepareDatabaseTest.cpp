@@ -283,6 +283,8 @@ TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseThatLacksATableIsLeftAlone) {
 
 TEST_F(PrepareDatabaseTest, ADamagedFileThatIsReadOnlyIsLeftAlone) {
   writeFile(path, "not a database");
+  // The folder would allow the renaming.
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
   {
     const WriteProtected protection(path);
     EXPECT_EQ(prepare(), DatabaseState::leftAlone);
