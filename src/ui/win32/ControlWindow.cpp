@@ -11,6 +11,7 @@ namespace tessivo::ui {
 namespace {
 
 constexpr wchar_t kLinkProperty[] = L"TessivoPeer";
+constexpr UINT kSettle = WM_APP + 1;
 
 }  // namespace
 
@@ -63,6 +64,14 @@ void ControlWindow::apply(Aspect aspect) {
     default:
       return;
   }
+}
+
+void ControlWindow::postpone() {
+  if (!std::exchange(postponed_, true)) PostMessageW(window_, kSettle, 0, 0);
+}
+
+void ControlWindow::settle() {
+  if (std::exchange(postponed_, false)) carryOver();
 }
 
 void ControlWindow::place() {
@@ -136,8 +145,10 @@ LRESULT CALLBACK ControlWindow::subclassProc(HWND window, UINT message, WPARAM w
     }
   }
   LRESULT result = 0;
-  guarded(link->context->log(),
-          [&] { result = link->control->handle(window, message, wParam, lParam); });
+  guarded(link->context->log(), [&] {
+    link->control->settle();
+    if (message != kSettle) result = link->control->handle(window, message, wParam, lParam);
+  });
   return result;
 }
 

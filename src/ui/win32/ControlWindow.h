@@ -51,6 +51,10 @@ class ControlWindow {
   virtual void onScroll(WORD /*code*/) {}
   /// The brush behind the control's text; sets the text's colours.
   virtual HBRUSH onColour(HDC dc);
+  /// Has `carryOver` called once, before the window handles its next message: at the latest on the
+  /// next turn of the message loop. For state that may change thousands of times in one go.
+  void postpone();
+  virtual void carryOver() {}
   /// The height of the window for a model of that height, both in pixels.
   virtual std::int32_t windowHeight(std::int32_t height) const { return height; }
 
@@ -70,6 +74,7 @@ class ControlWindow {
   static Link* linkOf(HWND window);
   static std::optional<LRESULT> reflectTo(ControlWindow& control, UINT message, WPARAM wParam,
                                           LPARAM lParam);
+  void settle();
   void place();
   void setEnabled(bool enabled);
 
@@ -78,6 +83,7 @@ class ControlWindow {
   InputVerbs input_;
   HWND window_ = nullptr;
   Link* link_ = nullptr;  ///< owned by the window
+  bool postponed_ = false;
 };
 
 /// A peer made of a ControlWindow: joins it to the interface through which the model knows it.

@@ -13,7 +13,7 @@ UniqueGdi<HFONT> makeFont(TwipsPerPixel twips, LONG weight) {
   font.lfHeight = -toPixels(kFontPoints * kTwipsPerPoint, twips.y);
   font.lfWeight = weight;
   font.lfCharSet = GB2312_CHARSET;
-  font.lfQuality = CLEARTYPE_QUALITY;
+  font.lfQuality = DEFAULT_QUALITY;
   std::wcscpy(font.lfFaceName, L"Microsoft YaHei UI");
   return UniqueGdi<HFONT>(CreateFontIndirectW(&font));
 }

@@ -16,6 +16,7 @@ namespace {
 
 constexpr wchar_t kWindowClass[] = L"TessivoForm";
 constexpr int kProgramIcon = 1;
+constexpr LONG kNoLimit = 32767;
 
 HICON programIcon() {
   const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon));
@@ -320,6 +321,8 @@ void Win32Form::limitSize(MINMAXINFO& limits) const {
   const Rect smallest = toPixels(form_.minimumSize(), context_->twips());
   limits.ptMinTrackSize.x = std::max<LONG>(limits.ptMinTrackSize.x, smallest.width);
   limits.ptMinTrackSize.y = std::max<LONG>(limits.ptMinTrackSize.y, smallest.height);
+  // Full screen: the program says how large the window is, the system must not cut it.
+  if (!(form_.frameStyle() & frame::kSizingFrame)) limits.ptMaxTrackSize = {kNoLimit, kNoLimit};
 }
 
 void Win32Form::eraseBackground(HDC dc) const {

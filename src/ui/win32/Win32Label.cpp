@@ -30,8 +30,11 @@ Win32Label::Win32Label(Label& model, std::shared_ptr<FormContext> context)
 }
 
 void Win32Label::apply(Aspect aspect) {
-  if (aspect != Aspect::caption) return ControlWindow::apply(aspect);
-  // The system's control paints a new text at once, in its own way.
+  aspect == Aspect::caption ? postpone() : ControlWindow::apply(aspect);
+}
+
+void Win32Label::carryOver() {
+  // The system's control would paint a new text at once, in its own way.
   send(WM_SETREDRAW, FALSE);
   SetWindowTextW(window(), toWide(model_.caption()).c_str());
   send(WM_SETREDRAW, TRUE);

@@ -13,6 +13,7 @@ class Win32Label : public ControlPeer<> {
   void apply(Aspect aspect) override;
 
  protected:
+  void carryOver() override;
   LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

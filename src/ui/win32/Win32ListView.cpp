@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
+
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo::ui {
@@ -55,31 +57,60 @@ void Win32ListView::apply(Aspect aspect) {
 }
 
 void Win32ListView::rowCountChanged(int count) {
-  const bool shrinks = count < send(LVM_GETITEMCOUNT);
-  quiet_ = true;
-  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
-  quiet_ = false;
-  // Rows after a removed one have moved up.
-  if (shrinks && window()) InvalidateRect(window(), nullptr, TRUE);
+  // Rows after a removed one move up.
+  if (count < toldCount_) noteDirty(0, toldCount_);
+  toldCount_ = count;
+  postpone();
 }
 
 void Win32ListView::rowChanged(int row) {
-  send(LVM_REDRAWITEMS, static_cast<WPARAM>(row), row);
+  noteDirty(row, row);
+  postpone();
 }
 
-void Win32ListView::selectionChanged(int row) {
-  constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;
-  LVITEMW item{};
-  item.stateMask = kBoth;
-  quiet_ = true;
-  send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-  item.state = kBoth;
-  if (row >= 0) send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-  quiet_ = false;
+void Win32ListView::selectionChanged(int /*row*/) {
+  selectionTold_ = true;
+  postpone();
 }
 
 void Win32ListView::ensureVisible(int row) {
-  send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  rowToShow_ = row;
+  postpone();
+}
+
+void Win32ListView::noteDirty(int first, int last) {
+  const bool none = dirtyRows_.first > dirtyRows_.second;
+  dirtyRows_ =
+      none ? std::pair(first, last)
+           : std::pair(std::min(first, dirtyRows_.first), std::max(last, dirtyRows_.second));
+}
+
+void Win32ListView::carryOver() {
+  quiet_ = true;
+  const int count = model_.rowCount();
+  if (count != send(LVM_GETITEMCOUNT)) {
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+  }
+  if (std::exchange(selectionTold_, false)) showSelection(model_.selected());
+  const int rowToShow = std::exchange(rowToShow_, -1);
+  if (hasRow(rowToShow)) send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(rowToShow), FALSE);
+  const auto [first, last] = std::exchange(dirtyRows_, std::pair(0, -1));
+  if (last >= count && window()) {
+    InvalidateRect(window(), nullptr, TRUE);
+  } else if (first <= last) {
+    send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last);
+  }
+  quiet_ = false;
+}
+
+void Win32ListView::showSelection(int row) {
+  // Taking the state from all rows may make the control visit each of them, so it is done only when
+  // none is to be selected; selecting one takes the selection from the other.
+  if (row < 0 && send(LVM_GETSELECTEDCOUNT) == 0) return;
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  item.state = row >= 0 ? item.stateMask : 0;
+  send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 int Win32ListView::rowAt(std::int32_t y) const {

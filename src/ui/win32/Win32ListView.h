@@ -7,7 +7,8 @@
 
 namespace tessivo::ui {
 
-/// A system list view that keeps no rows: it asks the model for each row that it draws.
+/// A system list view that keeps no rows: it asks the model for each row that it draws. What the
+/// program changes in one go reaches the control in one step.
 class Win32ListView : public ControlPeer<ListViewPeer> {
  public:
   Win32ListView(ListView& model, std::shared_ptr<FormContext> context);
@@ -20,6 +21,7 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   int rowAt(std::int32_t y) const override;
 
  protected:
+  void carryOver() override;
   LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> onNotify(NMHDR& header) override;
 
@@ -27,6 +29,8 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   void addColumns();
   bool hasRow(int row) const { return row >= 0 && row < model_.rowCount(); }
   bool keepsWidth(const NMHDR& header) const;
+  void noteDirty(int first, int last);
+  void showSelection(int row);
   void describe(LVITEMW& item);
   LRESULT draw(NMLVCUSTOMDRAW& drawing) const;
   void noteChange(const NMLISTVIEW& change);
@@ -37,6 +41,10 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   void showCellTip(POINT point);
 
   ListView& model_;
+  int toldCount_ = 0;
+  int rowToShow_ = -1;
+  bool selectionTold_ = false;
+  std::pair<int, int> dirtyRows_{0, -1};  ///< first and last row to draw anew
   std::wstring cellText_;  ///< what the control is given to draw, until it asks for the next
   bool quiet_ = false;     ///< the program, not the user, changes the selection
   bool inMouse_ = false;   ///< the list handles a mouse button's message

@@ -21,8 +21,8 @@ inline LRESULT send(const Control& control, UINT message, WPARAM wParam = 0, LPA
 
 inline std::string textOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(
-      GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
   return fromWide(text);
 }
 
@@ -37,13 +37,6 @@ inline LPARAM middleOf(const RECT& at) {
   return MAKELPARAM((at.left + at.right) / 2, (at.top + at.bottom) / 2);
 }
 
-/// Press and release; the release is posted first, so that a control that follows the pointer in a
-/// loop of its own finds it.
-inline void clickAt(HWND window, LPARAM at) {
-  SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
-  SendMessageW(window, WM_LBUTTONUP, 0, at);
-}
-
 /// Handles what is waiting in the message queue.
 inline void handleWaiting() {
   MSG message;
@@ -51,6 +44,18 @@ inline void handleWaiting() {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
+}
+
+/// Press and release. The release is in the queue before the press is sent, for controls that wait
+/// for it in a loop of their own.
+inline void pressAndRelease(HWND window, UINT down, UINT up, WPARAM keys, LPARAM at) {
+  PostMessageW(window, up, 0, at);
+  SendMessageW(window, down, keys, at);
+  handleWaiting();
+}
+
+inline void clickAt(HWND window, LPARAM at) {
+  pressAndRelease(window, WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON, at);
 }
 
 /// Handles messages until the condition holds; false when it does not within five seconds.

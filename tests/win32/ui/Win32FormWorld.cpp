@@ -38,13 +38,12 @@ class Win32FormWorld : public FormWorld {
     item.iSubItem = column;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
-    text.resize(static_cast<std::size_t>(send(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                                              reinterpret_cast<LPARAM>(&item))));
+    text.resize(static_cast<std::size_t>(
+        send(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item))));
     return fromWide(text);
   }
   bool isTicked(const ListView& list, int row) override {
-    const auto state =
-        send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
+    const auto state = send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
     return (state >> 12) == 2;
   }
 
