@@ -1,0 +1,169 @@
+#include "screen/engines/direct_show/EmbeddedRealPlayer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "screen/engines/embedded/ErrorCode.h"
+#include "screen/engines/embedded/VolumeCurve.h"
+
+namespace tessivo {
+namespace {
+
+/// How long the destructor waits for attempts that are still closing.
+constexpr DWORD kLongestGoodbyeMs = 1000;
+
+}  // namespace
+
+EmbeddedRealPlayer::EmbeddedRealPlayer(HWND parent, Log& log) : log_(log), window_(*this) {
+  window_.open(parent);
+}
+
+EmbeddedRealPlayer::~EmbeddedRealPlayer() {
+  abandon();
+  closing_.wait(kLongestGoodbyeMs);
+}
+
+void EmbeddedRealPlayer::setSource(const std::string& source) {
+  stop();
+  source_ = source;
+  lengthMs_ = 0;
+}
+
+void EmbeddedRealPlayer::play() {
+  if (state_ != RealPlayState::stopped && state_ != RealPlayState::paused) return;
+  playOrderedAt_ = GetTickCount64();
+  if (state_ == RealPlayState::paused) return attempt_.graph->play();
+  open();
+}
+
+void EmbeddedRealPlayer::pause() {
+  if (state_ == RealPlayState::playing && !hasEnded_) attempt_.graph->pause();
+}
+
+void EmbeddedRealPlayer::stop() {
+  startMs_ = 0;
+  if (!canStop()) return;
+  abandon();
+  announce(RealPlayState::stopped);
+}
+
+void EmbeddedRealPlayer::setPositionMs(std::int32_t position) {
+  if (attempt_.graph) {
+    if (!hasEnded_) attempt_.graph->seek(position);
+  } else {
+    startMs_ = position;
+  }
+}
+
+void EmbeddedRealPlayer::setVolume(std::int16_t volume) {
+  volume_ = std::clamp<int>(volume, 0, 100);
+  applyVolume();
+}
+
+void EmbeddedRealPlayer::setMute(bool mute) {
+  muted_ = mute;
+  applyVolume();
+}
+
+void EmbeddedRealPlayer::applyVolume() {
+  if (attempt_.graph) attempt_.graph->setAttenuation(attenuationOf(volume_, muted_));
+}
+
+void EmbeddedRealPlayer::open() {
+  ++serial_;
+  hasEnded_ = false;
+  announce(RealPlayState::contacting);
+  attempt_.picture = std::make_unique<PictureWindow>(window_.handle(), [this](HDC) {
+    if (attempt_.graph) attempt_.graph->repaint();
+  });
+  attempt_.graph = std::make_shared<GraphThread>(
+      window_.handle(), serial_,
+      GraphThread::Order{sourcePathOf(source_), attempt_.picture->handle(), startMs_,
+                         attenuationOf(volume_, muted_)});
+  AttemptThread::start(attempt_.graph);
+}
+
+void EmbeddedRealPlayer::abandon() {
+  ++serial_;
+  window_.stopTimer();
+  hasEnded_ = false;
+  startMs_ = 0;
+  if (!attempt_.graph) return;
+  attempt_.picture->hide();
+  closing_.add(std::move(attempt_.graph), std::move(attempt_.picture));
+}
+
+/// Changes the state at once and raises its notification from the message loop.
+void EmbeddedRealPlayer::announce(RealPlayState newState) {
+  const auto oldState = std::exchange(state_, newState);
+  postEngineEvent(window_.handle(), EngineEvent::notify, static_cast<WPARAM>(oldState),
+                  static_cast<int>(newState));
+}
+
+void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) {
+  if (event == EngineEvent::closed) return closing_.closed(serial);
+  if (event == EngineEvent::notify) {
+    return playStateChange.raise(static_cast<RealPlayState>(serial),
+                                 static_cast<RealPlayState>(value));
+  }
+  if (serial != serial_) return;
+  switch (event) {
+    case EngineEvent::opened:
+      lengthMs_ = value;
+      return;
+    case EngineEvent::playing:
+      return changeState(RealPlayState::playing);
+    case EngineEvent::paused:
+      return changeState(RealPlayState::paused);
+    case EngineEvent::position:
+      return positionChange.raise(value, lengthMs_);
+    case EngineEvent::ended:
+      return ended();
+    case EngineEvent::failed:
+      return failed(value);
+    default:
+      return;
+  }
+}
+
+void EmbeddedRealPlayer::ended() {
+  const ULONGLONG playedMs = GetTickCount64() - playOrderedAt_;
+  if (playedMs >= kEarlyStopMs) return finish();
+  hasEnded_ = true;
+  window_.startTimer(static_cast<UINT>(kEarlyStopMs - playedMs));
+}
+
+void EmbeddedRealPlayer::finish() {
+  abandon();
+  changeState(RealPlayState::stopped);
+}
+
+void EmbeddedRealPlayer::failed(std::int32_t reason) {
+  log_.error("DirectShow cannot play " + source_ + ": " + hexOf(reason));
+  abandon();
+  state_ = RealPlayState::stopped;
+  errorMessage.raise();
+}
+
+void EmbeddedRealPlayer::changeState(RealPlayState state) {
+  const auto oldState = std::exchange(state_, state);
+  if (oldState != state) playStateChange.raise(oldState, state);
+}
+
+void EmbeddedRealPlayer::onResized() {
+  if (!attempt_.graph) return;
+  attempt_.picture->fill();
+  attempt_.graph->fitPicture();
+}
+
+void EmbeddedRealPlayer::onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) {
+  using Gesture = EngineWindow::Gesture;
+  if (gesture == Gesture::doubleClick && button == MouseButton::left) {
+    pictureMouse.raise(PictureMouse::leftDoubleClick);
+  }
+  if (gesture != Gesture::up || !inside) return;
+  if (button == MouseButton::left) pictureMouse.raise(PictureMouse::leftUp);
+  if (button == MouseButton::right) pictureMouse.raise(PictureMouse::rightUp);
+}
+
+}  // namespace tessivo

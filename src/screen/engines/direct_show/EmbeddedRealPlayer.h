@@ -1,0 +1,81 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/Log.h"
+#include "screen/RealPlayerSlot.h"
+#include "screen/engines/direct_show/GraphThread.h"
+#include "screen/engines/embedded/ClosingAttempts.h"
+#include "screen/engines/embedded/EngineWindow.h"
+#include "screen/engines/embedded/PictureWindow.h"
+
+namespace tessivo {
+
+/// DirectShow in the RealPlayer slot. Each play opens the source afresh and each stop lets it go,
+/// so that nothing is held while nothing plays.
+///
+/// The playback window takes a stop within 1500 ms of the play order for a file that cannot be
+/// opened. This engine knows better (errorMessage says so), and holds the stop of a shorter item
+/// back until kEarlyStopMs have passed, so that it counts as an end.
+class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Owner {
+ public:
+  static constexpr ULONGLONG kEarlyStopMs = 1600;
+
+  EmbeddedRealPlayer(HWND parent, Log& log);
+  ~EmbeddedRealPlayer() override;
+
+  bool visible() const override { return window_.visible(); }
+  void setVisible(bool visible) override { window_.setVisible(visible); }
+  void move(const Rect& pixels) override { window_.move(pixels); }
+
+  void setSource(const std::string& source) override;
+  void play() override;
+  void pause() override;
+  void stop() override;
+  bool canStop() const override { return state_ != RealPlayState::stopped; }
+  std::int32_t lengthMs() const override { return lengthMs_; }
+  void setPositionMs(std::int32_t position) override;
+  void setVolume(std::int16_t volume) override;
+  void setMute(bool mute) override;
+  void setSetting(Setting, bool) override {}  // there is no such chrome to switch
+
+ private:
+  struct Attempt {
+    std::shared_ptr<GraphThread> graph;
+    std::unique_ptr<PictureWindow> picture;
+  };
+
+  void onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) override;
+  void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
+  void onResized() override;
+  void onTimer() override { finish(); }
+
+  void open();
+  void abandon();
+  void announce(RealPlayState newState);
+  void ended();
+  void finish();
+  void failed(std::int32_t reason);
+  void changeState(RealPlayState state);
+  void applyVolume();
+
+  Log& log_;
+  EngineWindow window_;
+  std::string source_;
+  int volume_ = 100;
+  bool muted_ = false;
+  RealPlayState state_ = RealPlayState::stopped;
+  bool hasEnded_ = false;  ///< the medium is at its end, the stop is held back
+  std::int32_t startMs_ = 0;
+  std::int32_t lengthMs_ = 0;
+  ULONGLONG playOrderedAt_ = 0;
+  WPARAM serial_ = 0;
+  Attempt attempt_;
+  ClosingAttempts closing_;
+};
+
+}  // namespace tessivo

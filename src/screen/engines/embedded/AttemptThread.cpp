@@ -1,0 +1,42 @@
+#include "screen/engines/embedded/AttemptThread.h"
+
+#include <objbase.h>
+
+#include <system_error>
+#include <thread>
+
+namespace tessivo {
+
+AttemptThread::AttemptThread(HWND engineWindow, WPARAM serial)
+    : engineWindow_(engineWindow),
+      serial_(serial),
+      closed_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
+
+AttemptThread::~AttemptThread() {
+  CloseHandle(closed_);
+}
+
+void AttemptThread::start(const std::shared_ptr<AttemptThread>& attempt) {
+  try {
+    // Detached: a thread that hangs in a driver must not keep the program from ending.
+    std::thread([attempt] { attempt->runToTheEnd(); }).detach();
+  } catch (const std::system_error&) {
+    attempt->post(EngineEvent::failed, E_OUTOFMEMORY);
+    SetEvent(attempt->closed_);
+    attempt->post(EngineEvent::closed);
+  }
+}
+
+void AttemptThread::post(EngineEvent event, std::int32_t value) const {
+  postEngineEvent(engineWindow_, event, serial_, value);
+}
+
+void AttemptThread::runToTheEnd() {
+  const bool com = SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
+  run();
+  if (com) CoUninitialize();
+  SetEvent(closed_);
+  post(EngineEvent::closed);
+}
+
+}  // namespace tessivo

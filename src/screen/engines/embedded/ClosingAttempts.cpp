@@ -1,0 +1,40 @@
+#include "screen/engines/embedded/ClosingAttempts.h"
+
+#include <utility>
+
+namespace tessivo {
+namespace {
+
+/// False when the time was up first.
+bool waitServingSentMessages(HANDLE signal, ULONGLONG deadline) {
+  for (;;) {
+    const ULONGLONG now = GetTickCount64();
+    const DWORD left = now < deadline ? static_cast<DWORD>(deadline - now) : 0;
+    const DWORD woken = MsgWaitForMultipleObjects(1, &signal, FALSE, left, QS_SENDMESSAGE);
+    if (woken == WAIT_OBJECT_0) return true;
+    if (woken != WAIT_OBJECT_0 + 1) return false;
+    MSG message;
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+  }
+}
+
+}  // namespace
+
+void ClosingAttempts::add(std::shared_ptr<AttemptThread> attempt,
+                          std::unique_ptr<PictureWindow> picture) {
+  attempt->close();
+  entries_.push_back({std::move(attempt), std::move(picture)});
+}
+
+void ClosingAttempts::closed(WPARAM serial) {
+  std::erase_if(entries_, [serial](const Entry& e) { return e.attempt->serial() == serial; });
+}
+
+void ClosingAttempts::wait(DWORD ms) {
+  const ULONGLONG deadline = GetTickCount64() + ms;
+  for (const Entry& entry : entries_) {
+    if (!waitServingSentMessages(entry.attempt->closedSignal(), deadline)) return;
+  }
+}
+
+}  // namespace tessivo

@@ -1,0 +1,195 @@
+#include "screen/engines/media_foundation/EmbeddedMediaPlayer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "screen/engines/embedded/ErrorCode.h"
+#include "screen/engines/embedded/RunsOnWine.h"
+#include "screen/engines/embedded/VolumeCurve.h"
+
+namespace tessivo {
+namespace {
+
+/// How long the destructor waits for attempts that are still closing.
+constexpr DWORD kLongestGoodbyeMs = 1000;
+
+}  // namespace
+
+EmbeddedMediaPlayer::EmbeddedMediaPlayer(HWND parent, Log& log) : log_(log), window_(*this) {
+  window_.open(parent);
+}
+
+EmbeddedMediaPlayer::~EmbeddedMediaPlayer() {
+  abandon();
+  closing_.wait(kLongestGoodbyeMs);
+}
+
+void EmbeddedMediaPlayer::setUrl(const std::string& url) {
+  abandon();
+  url_ = url;
+  position_ = 0;
+  duration_.reset();
+  state_ = MediaPlayState::undefined;
+}
+
+void EmbeddedMediaPlayer::play() {
+  if (!starting_ && state_ != MediaPlayState::playing) goToPosition();
+}
+
+void EmbeddedMediaPlayer::pause() {
+  if (state_ != MediaPlayState::playing) return;
+  pauseOnStart_ = starting_;
+  if (starting_) return;
+  aim_ = position_ = currentPosition();
+  attempt_.presentation->pause();
+}
+
+void EmbeddedMediaPlayer::stop() {
+  position_ = 0;
+  if (!attempt_.presentation) return;
+  abandon();
+  state_ = MediaPlayState::stopped;
+  postEngineEvent(window_.handle(), EngineEvent::notify, serial_, static_cast<int>(state_));
+}
+
+double EmbeddedMediaPlayer::currentPosition() const {
+  const bool moving = state_ == MediaPlayState::playing && !starting_;
+  return moving ? attempt_.presentation->position() : position_;
+}
+
+void EmbeddedMediaPlayer::setCurrentPosition(double seconds) {
+  position_ = std::isfinite(seconds) ? std::max(seconds, 0.0) : 0;
+  if (state_ == MediaPlayState::playing && !starting_) goToPosition();
+}
+
+void EmbeddedMediaPlayer::setVolume(int volume) {
+  volume_ = std::clamp(volume, 0, 100);
+  applyVolume();
+}
+
+void EmbeddedMediaPlayer::setMute(bool mute) {
+  muted_ = mute;
+  applyVolume();
+}
+
+void EmbeddedMediaPlayer::applyVolume() {
+  if (attempt_.presentation) attempt_.presentation->setAmplitude(amplitudeOf(volume_, muted_));
+}
+
+/// Starts, resumes or seeks: plays from position_.
+void EmbeddedMediaPlayer::goToPosition() {
+  const bool moved = std::exchange(aim_, position_) != position_;
+  starting_ = true;
+  // A session of Wine is stuck for good when it is started twice: take a new one.
+  if (!attempt_.presentation || runsOnWine()) return open();
+  const bool resumes = state_ == MediaPlayState::paused && !moved;
+  attempt_.presentation->start(resumes ? std::nullopt : std::optional(position_));
+}
+
+/// Begins an attempt. One that was there goes on showing its last frame until it has closed.
+void EmbeddedMediaPlayer::open() {
+  if (attempt_.presentation) {
+    closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
+  }
+  ++serial_;
+  if (url_.empty()) {
+    postEngineEvent(window_.handle(), EngineEvent::failed, serial_, E_INVALIDARG);
+    return;
+  }
+  attempt_.picture = std::make_unique<PictureWindow>(window_.handle(), [this](HDC dc) {
+    if (attempt_.presentation) attempt_.presentation->paint(dc);
+  });
+  attempt_.presentation = std::make_shared<MediaPresentation>(
+      window_.handle(), serial_,
+      MediaPresentation::Order{sourcePathOf(url_), attempt_.picture->handle(), position_,
+                               amplitudeOf(volume_, muted_)});
+  AttemptThread::start(attempt_.presentation);
+}
+
+void EmbeddedMediaPlayer::abandon() {
+  ++serial_;
+  starting_ = pauseOnStart_ = false;
+  if (!attempt_.presentation) return;
+  attempt_.picture->hide();
+  closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
+}
+
+void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) {
+  if (event == EngineEvent::closed) return closing_.closed(serial);
+  if (serial != serial_) return;
+  switch (event) {
+    case EngineEvent::opened:
+      duration_ = value / 1000.0;
+      return;
+    case EngineEvent::playing:
+      return started();
+    case EngineEvent::paused:
+      return changeState(MediaPlayState::paused);
+    case EngineEvent::ended:
+      return ended();
+    case EngineEvent::failed:
+      return failed(value);
+    case EngineEvent::notify:
+      return playStateChange.raise(static_cast<MediaPlayState>(value));
+    default:
+      return;
+  }
+}
+
+void EmbeddedMediaPlayer::started() {
+  starting_ = false;
+  if (position_ != aim_) goToPosition();  // it was sought while it started
+  if (!starting_ && std::exchange(pauseOnStart_, false)) attempt_.presentation->pause();
+  changeState(MediaPlayState::playing);
+}
+
+void EmbeddedMediaPlayer::ended() {
+  abandon();
+  position_ = 0;
+  state_ = MediaPlayState::stopped;
+  playStateChange.raise(MediaPlayState::mediaEnded);
+}
+
+void EmbeddedMediaPlayer::failed(std::int32_t reason) {
+  log_.error("Media Foundation cannot play " + url_ + ": " + hexOf(reason));
+  abandon();
+  position_ = 0;
+  state_ = MediaPlayState::stopped;
+  mediaError.raise();
+}
+
+void EmbeddedMediaPlayer::changeState(MediaPlayState state) {
+  if (std::exchange(state_, state) != state) playStateChange.raise(state);
+}
+
+void EmbeddedMediaPlayer::onResized() {
+  if (!attempt_.presentation) return;
+  attempt_.picture->fill();
+  attempt_.presentation->fitPicture();
+}
+
+void EmbeddedMediaPlayer::onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) {
+  switch (gesture) {
+    case EngineWindow::Gesture::down:
+      pressed_ = button;
+      return mouseDown.raise(button);
+    case EngineWindow::Gesture::doubleClick:
+      pressed_.reset();
+      return doubleClick.raise();
+    case EngineWindow::Gesture::up:
+      return release(button, inside);
+  }
+}
+
+void EmbeddedMediaPlayer::release(MouseButton button, bool inside) {
+  const bool clicked = pressed_ == button && inside;
+  pressed_.reset();
+  if (!clicked) return mouseUp.raise(button);
+  // A listener of the first event may destroy this object, and the second is not raised then.
+  const HWND window = window_.handle();
+  mouseUp.raise(button);
+  if (IsWindow(window)) click.raise(button);
+}
+
+}  // namespace tessivo

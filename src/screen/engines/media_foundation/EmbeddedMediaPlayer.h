@@ -1,0 +1,91 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/Log.h"
+#include "screen/MediaPlayerSlot.h"
+#include "screen/engines/embedded/ClosingAttempts.h"
+#include "screen/engines/embedded/EngineWindow.h"
+#include "screen/engines/embedded/PictureWindow.h"
+#include "screen/engines/media_foundation/MediaPresentation.h"
+
+namespace tessivo {
+
+/// Media Foundation in the Media Player slot. Each play opens the source afresh and each stop lets
+/// it go, so that nothing is held while nothing plays; the slot's settings are remembered here and
+/// given to every attempt.
+class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::Owner {
+ public:
+  EmbeddedMediaPlayer(HWND parent, Log& log);
+  ~EmbeddedMediaPlayer() override;
+
+  bool visible() const override { return window_.visible(); }
+  void setVisible(bool visible) override { window_.setVisible(visible); }
+  void move(const Rect& pixels) override { window_.move(pixels); }
+
+  std::string url() const override { return url_; }
+  void setUrl(const std::string& url) override;
+
+  void play() override;
+  void pause() override;
+  void stop() override;
+  double currentPosition() const override;
+  void setCurrentPosition(double seconds) override;
+
+  MediaPlayState playState() const override { return state_; }
+  std::optional<double> currentMediaDuration() const override { return duration_; }
+
+  void setVolume(int volume) override;
+  void setMute(bool mute) override;
+
+  // There are no dialogs, scripts, menus, full screen or error queue to switch.
+  void setEnableErrorDialogs(bool) override {}
+  void setInvokeUrls(bool) override {}
+  void setEnableContextMenu(bool) override {}
+  bool fullScreen() const override { return false; }
+  void setFullScreen(bool) override {}
+  void clearErrorQueue() override {}
+
+ private:
+  struct Attempt {
+    std::shared_ptr<MediaPresentation> presentation;
+    std::unique_ptr<PictureWindow> picture;
+  };
+
+  void onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) override;
+  void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
+  void onResized() override;
+  void onTimer() override {}
+
+  void goToPosition();
+  void open();
+  void abandon();
+  void started();
+  void ended();
+  void failed(std::int32_t reason);
+  void release(MouseButton button, bool inside);
+  void changeState(MediaPlayState state);
+  void applyVolume();
+
+  Log& log_;
+  EngineWindow window_;
+  std::string url_;
+  int volume_ = 100;
+  bool muted_ = false;
+  MediaPlayState state_ = MediaPlayState::undefined;
+  double position_ = 0;    ///< seconds: the place to start or to go on from while nothing moves
+  double aim_ = 0;         ///< the position that the last start was ordered for, or of the pause
+  bool starting_ = false;  ///< a start or a seek was ordered and has not been reported yet
+  bool pauseOnStart_ = false;
+  std::optional<double> duration_;
+  std::optional<MouseButton> pressed_;
+  WPARAM serial_ = 0;
+  Attempt attempt_;
+  ClosingAttempts closing_;
+};
+
+}  // namespace tessivo
