@@ -1,15 +1,23 @@
 #include "screen/engines/direct_show/GraphThread.h"
 
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "screen/engines/embedded/RunsOnWine.h"
 
 namespace tessivo {
+namespace {
+
+/// A seek over less than this is not worth a new graph.
+constexpr std::int32_t kNearMs = 300;
+
+}  // namespace
 
 GraphThread::GraphThread(HWND engineWindow, WPARAM serial, Order order)
     : AttemptThread(engineWindow, serial),
       order_(std::move(order)),
+      attenuation_(order_.attenuation),
       woken_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
 
 GraphThread::~GraphThread() {
@@ -33,75 +41,76 @@ void GraphThread::command(Command command) {
 }
 
 void GraphThread::play() {
-  command([this](PlaybackGraph& graph) { runGraph(graph); });
+  command([this] { runGraph(); });
 }
 
 void GraphThread::pause() {
-  command([this](PlaybackGraph& graph) {
-    if (FAILED(graph.pause())) return;
+  command([this] {
+    if (FAILED(graph_->pause())) return;
     moving_ = false;
     post(EngineEvent::paused);
   });
 }
 
 void GraphThread::seek(std::int32_t ms) {
-  command([this, ms](PlaybackGraph& graph) {
-    // A graph of Wine that is sought while it is paused can never be stopped any more.
-    if (!moving_ && runsOnWine()) {
-      seekOnRun_ = ms;
-    } else {
-      graph.seek(ms);
-    }
-  });
+  command([this, ms] { seekTo_ = ms; });
 }
 
 void GraphThread::setAttenuation(long attenuation) {
-  command([attenuation](PlaybackGraph& graph) { graph.setAttenuation(attenuation); });
+  command([this, attenuation] {
+    attenuation_ = attenuation;
+    graph_->setAttenuation(attenuation);
+  });
 }
 
 void GraphThread::fitPicture() {
-  command([](PlaybackGraph& graph) { graph.fitPicture(); });
+  command([this] { graph_->fitPicture(); });
 }
 
 void GraphThread::repaint() {
-  command([](PlaybackGraph& graph) { graph.repaint(); });
+  command([this] { graph_->repaint(); });
 }
 
 void GraphThread::run() {
-  PlaybackGraph graph;
-  if (open(graph)) serve(graph);
-}
-
-bool GraphThread::open(PlaybackGraph& graph) {
-  const HRESULT hr = graph.open(order_.source.text, order_.picture);
-  if (FAILED(hr)) {
-    post(EngineEvent::failed, hr);
-    return false;
-  }
-  graph.setAttenuation(order_.attenuation);
-  if (order_.startMs > 0) graph.seek(order_.startMs);
-  post(EngineEvent::opened, graph.lengthMs());
+  graph_ = open(order_.startMs);
+  if (!graph_) return;
+  post(EngineEvent::opened, graph_->lengthMs());
+  bool closing = false;
   {
     const std::lock_guard lock(mutex_);
-    if (closing_) return false;
+    closing = closing_;
   }
-  runGraph(graph);
-  return true;
+  if (!closing) {
+    runGraph();
+    serve();
+  }
+  graph_.reset();
 }
 
-void GraphThread::runGraph(PlaybackGraph& graph) {
-  if (const HRESULT hr = graph.run(); FAILED(hr)) return post(EngineEvent::failed, hr);
+std::unique_ptr<PlaybackGraph> GraphThread::open(std::int32_t startMs) {
+  auto graph = std::make_unique<PlaybackGraph>();
+  if (const HRESULT hr = graph->open(order_.source.text, order_.picture); FAILED(hr)) {
+    post(EngineEvent::failed, hr);
+    return nullptr;
+  }
+  graph->setAttenuation(attenuation_);
+  if (startMs > 0) graph->seek(startMs);
+  return graph;
+}
+
+void GraphThread::runGraph() {
+  if (const HRESULT hr = graph_->run(); FAILED(hr)) return post(EngineEvent::failed, hr);
   moving_ = true;
-  if (seekOnRun_) graph.seek(*std::exchange(seekOnRun_, std::nullopt));
   nextTickAt_ = GetTickCount64();
   post(EngineEvent::playing);
 }
 
-void GraphThread::serve(PlaybackGraph& graph) {
-  const std::array<HANDLE, 2> signals = {woken_, graph.newsSignal()};
-  while (serveCommands(graph)) {
-    serveNews(graph);
-    const DWORD sleep = serveTick(graph);
+void GraphThread::serve() {
+  while (serveCommands()) {
+    serveSeek();
+    serveNews();
+    const DWORD sleep = serveTick();
+    const std::array<HANDLE, 2> signals = {woken_, graph_->newsSignal()};
     MsgWaitForMultipleObjects(static_cast<DWORD>(signals.size()), signals.data(), FALSE, sleep,
                               QS_ALLINPUT);
     serveWindows();
@@ -113,20 +122,35 @@ void GraphThread::serveWindows() {
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
 }
 
-bool GraphThread::serveCommands(PlaybackGraph& graph) {
+bool GraphThread::serveCommands() {
   std::vector<Command> commands;
   {
     const std::lock_guard lock(mutex_);
     if (closing_) return false;
     commands.swap(commands_);
   }
-  for (const Command& each : commands) each(graph);
+  for (const Command& each : commands) each();
   return true;
 }
 
-void GraphThread::serveNews(PlaybackGraph& graph) {
+/// Of several seeks that came together, the last one counts.
+void GraphThread::serveSeek() {
+  if (!seekTo_) return;
+  if (!runsOnWine()) return graph_->seek(*std::exchange(seekTo_, std::nullopt));
+  // A graph of Wine that was sought after it had started can hardly ever be stopped any more: take
+  // a new one, when it plays and when it is worth it.
+  if (!moving_) return;
+  const std::int32_t target = *std::exchange(seekTo_, std::nullopt);
+  if (std::abs(target - graph_->positionMs()) < kNearMs) return;
+  auto next = open(target);
+  if (!next) return;
+  graph_ = std::move(next);
+  runGraph();
+}
+
+void GraphThread::serveNews() {
   HRESULT reason = S_OK;
-  switch (graph.takeNews(reason)) {
+  switch (graph_->takeNews(reason)) {
     case PlaybackGraph::News::none:
       return;
     case PlaybackGraph::News::ended:
@@ -139,12 +163,12 @@ void GraphThread::serveNews(PlaybackGraph& graph) {
   moving_ = false;
 }
 
-DWORD GraphThread::serveTick(PlaybackGraph& graph) {
+DWORD GraphThread::serveTick() {
   if (!moving_) return INFINITE;
   const ULONGLONG now = GetTickCount64();
   if (now >= nextTickAt_) {
     nextTickAt_ = now + kTickMs;
-    post(EngineEvent::position, graph.positionMs());
+    post(EngineEvent::position, graph_->positionMs());
   }
   return static_cast<DWORD>(nextTickAt_ - now);
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -43,23 +44,28 @@ class GraphThread final : public AttemptThread {
   void repaint();
 
  private:
-  using Command = std::function<void(PlaybackGraph&)>;
+  using Command = std::function<void()>;
 
   void run() override;
-  bool open(PlaybackGraph& graph);
-  void serve(PlaybackGraph& graph);
+  /// A graph that stands ready at a position; empty when that failed, which has been posted then.
+  std::unique_ptr<PlaybackGraph> open(std::int32_t startMs);
+  void serve();
   void serveWindows();
   /// False when it is to close.
-  bool serveCommands(PlaybackGraph& graph);
-  void serveNews(PlaybackGraph& graph);
-  DWORD serveTick(PlaybackGraph& graph);
+  bool serveCommands();
+  void serveSeek();
+  void serveNews();
+  DWORD serveTick();
   void command(Command command);
-  void runGraph(PlaybackGraph& graph);
+  void runGraph();
 
   const Order order_;
-  bool moving_ = false;                    // own thread only
-  std::optional<std::int32_t> seekOnRun_;  // own thread only
-  ULONGLONG nextTickAt_ = 0;               // own thread only
+  // The thread's own:
+  std::unique_ptr<PlaybackGraph> graph_;
+  long attenuation_;
+  bool moving_ = false;
+  std::optional<std::int32_t> seekTo_;  ///< wanted, and not done yet
+  ULONGLONG nextTickAt_ = 0;
 
   HANDLE woken_;
   std::mutex mutex_;  // of the members below
