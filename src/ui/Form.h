@@ -110,6 +110,9 @@ class Form : public Container {
   void setFrameStyle(std::uint32_t bits);
   /// Moves and sizes the window in pixels, recomputing the frame.
   void setWindowPos(const Rect& pixels);
+  /// A click on a form without a title bar neither activates it nor brings it to the front: the
+  /// panel above the show stays there.
+  bool clickActivates() const { return (frameStyle_ & frame::kCaption) != 0; }
   /// Above all windows that are not topmost themselves.
   bool topmost() const { return topmost_; }
   void setTopmost(bool topmost);

@@ -187,7 +187,8 @@ Rect Win32Form::innerSize() const {
 
 void Win32Form::activate() {
   if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
-  if (!SetForegroundWindow(window_)) bringToFront();
+  SetForegroundWindow(window_);
+  bringToFront();  // the foreground need not be in front where a window manager has its own mind
 }
 
 MenuItem* Win32Form::popupMenu(MenuItem& menu) {
@@ -241,6 +242,8 @@ std::optional<LRESULT> Win32Form::handleOwn(UINT message, WPARAM wParam, LPARAM 
     case WM_ACTIVATE:
       noteActivation(LOWORD(wParam) != WA_INACTIVE);
       return 0;
+    case WM_MOUSEACTIVATE:
+      return form_.clickActivates() ? std::nullopt : std::optional<LRESULT>(MA_NOACTIVATE);
     case WM_SETFOCUS:
       restoreFocus();
       return 0;

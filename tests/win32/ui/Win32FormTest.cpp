@@ -10,6 +10,13 @@
 namespace tessivo::ui {
 namespace {
 
+BOOL CALLBACK findToolTips(HWND candidate, LPARAM out) {
+  wchar_t name[64] = L"";
+  GetClassNameW(candidate, name, 64);
+  if (std::wstring(name) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(out) = candidate;
+  return TRUE;
+}
+
 class Win32FormTest : public OpenForm {
  protected:
   /// A drop as the shell makes it.
@@ -252,6 +259,21 @@ TEST_F(Win32FormTest, PictureFollowsThePointerOutsideWhilePressed) {
   EXPECT_EQ(GetCapture(), nullptr);
 }
 
+TEST_F(Win32FormTest, PressBesideTheThumbBringsItThereAndDragsOn) {
+  auto& slider = form.sldJinDu;
+  slider.onScroll.listen([&] { form.steps.push_back(std::to_string(slider.value())); });
+  slider.onChange.listen([&] { form.steps.push_back("change " + std::to_string(slider.value())); });
+  RECT channel{};
+  send(slider, TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
+  const LPARAM middle = middleOf(channel);
+  const LPARAM end = MAKELPARAM(channel.right, HIWORD(middle));
+  send(slider, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  EXPECT_EQ(send(slider, TBM_GETPOS), 50);
+  send(slider, WM_MOUSEMOVE, MK_LBUTTON, end);
+  send(slider, WM_LBUTTONUP, 0, end);
+  EXPECT_EQ(form.trace(), "50 | 100 | change 100");
+}
+
 TEST_F(Win32FormTest, MouseMovesOfTheFormCarryTwips) {
   form.watch(form);
   SendMessageW(window(), WM_MOUSEMOVE, 0, 515);
@@ -262,13 +284,7 @@ TEST_F(Win32FormTest, ToolTipIsGivenChangedAndTaken) {
   form.cmdOk.setToolTip("正处于顺序播放模式");
   form.cmdOk.setToolTip("放/静音");
   HWND tips = nullptr;
-  const auto find = [](HWND candidate, LPARAM out) -> BOOL {
-    wchar_t name[64] = L"";
-    GetClassNameW(candidate, name, 64);
-    if (std::wstring(name) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(out) = candidate;
-    return TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), find, reinterpret_cast<LPARAM>(&tips));
+  EnumThreadWindows(GetCurrentThreadId(), findToolTips, reinterpret_cast<LPARAM>(&tips));
   ASSERT_TRUE(tips);
   wchar_t text[100] = L"";
   TTTOOLINFOW tool{};
@@ -292,7 +308,6 @@ TEST_F(Win32FormTest, LabelColoursReachThePaintedPixels) {
   const HDC dc = GetDC(label);
   const COLORREF corner = GetPixel(dc, 158, 18);
   ReleaseDC(label, dc);
-  if (corner == CLR_INVALID) GTEST_SKIP() << "the null graphics driver draws nothing";
   EXPECT_EQ(corner, static_cast<COLORREF>(RGB(0xFF, 0xCC, 0x00)));
 }
 
