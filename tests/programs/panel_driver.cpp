@@ -9,6 +9,7 @@
 //   show        print what the panel and the playback window show, one "name value" a line
 //   close       close the panel, and wait until the player has ended (20 s)
 //   kill        end the player's process at once
+//   closekill N close the panel, and end the process N milliseconds later, wherever it is
 #include <windows.h>
 // After windows.h, which it needs:
 #include <commctrl.h>
@@ -106,8 +107,8 @@ void show() {
   const Panel panel;
   printWindow("panel", panel.window());
   if (const HWND screen = FindWindowW(nullptr, kScreenTitle)) printWindow("screen", screen);
-  const char* const labels[] = {"state", "position", "seconds", "length", "volume-label", "count",
-                                "note"};
+  const char* const labels[] = {"state",        "position", "seconds", "length",
+                                "volume-label", "count",    "note"};
   for (std::size_t i = 0; i < std::size(labels); ++i) {
     std::printf("%s %s\n", labels[i], textOf(panel.control("STATIC", i)).c_str());
   }
@@ -153,11 +154,20 @@ void closePanel() {
   player.waitForEnd();
 }
 
+void closeAndKill(int afterMs) {
+  const Player player;
+  PostMessageW(Panel().window(), WM_CLOSE, 0, 0);
+  Sleep(static_cast<DWORD>(afterMs));
+  player.kill();
+}
+
 /// Carries out one command; tells whether it took the number after it.
 bool carryOut(const std::string& command, int number) {
   const std::map<std::string, std::function<void()>> plain{
       {"wait",
-       [] { until("the panel", [] { return IsWindowVisible(FindWindowW(nullptr, kPanelTitle)); }); }},
+       [] {
+         until("the panel", [] { return IsWindowVisible(FindWindowW(nullptr, kPanelTitle)); });
+       }},
       {"play", [] { Panel().press(0); }},
       {"stop", [] { Panel().press(1); }},
       {"loop", [] { Panel().press(2); }},
@@ -165,6 +175,7 @@ bool carryOut(const std::string& command, int number) {
       {"close", closePanel},
       {"kill", [] { Player().kill(); }}};
   const std::map<std::string, std::function<void()>> numbered{
+      {"closekill", [number] { closeAndKill(number); }},
       {"seek", [number] { Panel().slide(0, number); }},
       {"volume", [number] { Panel().slide(1, number); }},
       {"rule", [number] { Panel().choose(0, number); }}};
