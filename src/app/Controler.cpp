@@ -56,6 +56,8 @@ void Controler::listenToScreen() {
   connections_.push_back(screen_->ClickPlayer.connect([this] { frmScreen_ClickPlayer(); }));
   connections_.push_back(
       screen_->clickPopuMenu.connect([this](std::int32_t code) { frmScreen_clickPopuMenu(code); }));
+  // Closing either window leaves the program; in full screen there is nothing to close it by.
+  connections_.push_back(screen_->onClose.connect([this] { exitSys(); }));
   connections_.push_back(screen_->reportPosition.connect(
       [this](const Rect& pixels) { setPlayPosiForScreenSaver(pixels); }));
 }

@@ -37,7 +37,9 @@ void loadPlayItem(const StartUpParts& parts) {
   const auto item = parts.playList.objGetPlayItem();
   if (!item) return;
   parts.screen.strFilePath(item->strFilePath);
-  parts.screen.lngJinDu(config.lngCurrentPlayPosition());
+  // A position outside the item (a damaged setting, a file that is shorter now) means its start.
+  const std::int32_t position = config.lngCurrentPlayPosition();
+  if (position > 0 && position < config.lngCurrentPlayItemLen()) parts.screen.lngJinDu(position);
 }
 
 void setUpPanel(const StartUpParts& parts) {

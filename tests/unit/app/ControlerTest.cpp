@@ -312,6 +312,11 @@ TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | quit");
 }
 
+TEST_F(ControlerTest, ClosingThePlaybackWindowLeavesTheProgram) {
+  screen.close();
+  EXPECT_NE(trace.take().find("quit"), std::string::npos);
+}
+
 TEST_F(ControlerTest, WhatCannotBeSavedIsLogged) {
   controler.config().strDBFilePath(folder.file("no/such/folder/SysConfig"));
   playList.strPLDBFilePath(folder.file("no/such/folder/SysConfig"));

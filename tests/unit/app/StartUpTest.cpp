@@ -23,13 +23,13 @@ class StartUpTest : public ControlerFixture {
     ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
     paths.database = database;
   }
-  void store(std::int16_t volume, std::int32_t rule, bool keepList) {
+  void store(std::int16_t volume, std::int32_t rule, bool keepList, std::int32_t position = 65) {
     SysConfig config;
     config.strDBFilePath(database);
     config.intVolumeValue(volume);
     config.lngPlayRuler(rule);
     config.boolSavePlayList(keepList);
-    config.lngCurrentPlayPosition(65);
+    config.lngCurrentPlayPosition(position);
     config.lngCurrentPlayItemLen(200);
     ASSERT_TRUE(config.boolSaveData());
     PlayList list(keys);
@@ -89,6 +89,15 @@ TEST_F(StartUpTest, TheFirstPlayOfTheStoredItemStartsWhereItWasLeft) {
   real().notify(RealPlayState::playing);
   EXPECT_EQ(trace.take(), "real position 65000 | real sound");
 }
+
+class ResumeOutsideTest : public StartUpTest, public testing::WithParamInterface<std::int32_t> {};
+
+TEST_P(ResumeOutsideTest, APositionOutsideTheItemMeansItsStart) {
+  store(45, playRule::kMediaOnly, true, GetParam());
+  start();
+  EXPECT_EQ(wmp().position, 0);
+}
+INSTANTIATE_TEST_SUITE_P(Positions, ResumeOutsideTest, testing::Values(-5, 200, 2147483647));
 
 TEST_F(StartUpTest, WithoutKeepingTheListTheStoredOneIsCleared) {
   store(45, playRule::kRealOnly, false);
