@@ -132,6 +132,7 @@ std::int32_t Controler::lngScreenState() const {
 }
 
 void Controler::showMainFace() {
+  panel_->restoreFace();
   resetMainFrmPosiByMousePosi();
   panel_->bringFaceToFront();
 }

@@ -48,7 +48,9 @@ class PanelFace {
   virtual Rect faceRect() const = 0;
   /// Moves the window, keeping its size. Pixels.
   virtual void moveFace(Point upperLeft) = 0;
-  /// Shows the window, not minimised, in front, with the keyboard.
+  /// Undoes minimising, so that the window has its place and size again.
+  virtual void restoreFace() = 0;
+  /// Shows the window in front, with the keyboard.
   virtual void bringFaceToFront() = 0;
   /// Keeps the window above the show.
   virtual void keepFaceOnTop(bool onTop) = 0;

@@ -123,8 +123,11 @@ void frmMain::moveFace(Point upperLeft) {
   setBounds({toTwips(upperLeft.x, twips.x), toTwips(upperLeft.y, twips.y), width(), height()});
 }
 
-void frmMain::bringFaceToFront() {
+void frmMain::restoreFace() {
   if (windowState() == ui::WindowState::minimised) setWindowState(ui::WindowState::normal);
+}
+
+void frmMain::bringFaceToFront() {
   show();
   activate();
 }

@@ -34,6 +34,7 @@ class frmMain : public ui::Form, public PanelFace {
   void setFaceBySysConfigPara(const SysConfig& config) override;
   Rect faceRect() const override { return windowRect(); }
   void moveFace(Point upperLeft) override;
+  void restoreFace() override;
   void bringFaceToFront() override;
   void keepFaceOnTop(bool onTop) override { setTopmost(onTop); }
   void hideAndUnloadFace() override;

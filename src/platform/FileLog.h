@@ -16,7 +16,7 @@ namespace tessivo {
 /// the composition root asks `isOpen` and gives another path.
 class FileLog : public Log {
  public:
-  static constexpr std::uintmax_t kSizeLimit = 1024 * 1024;
+  static constexpr std::uintmax_t kSizeLimit = 1'048'576;
 
   /// `path` is UTF-8; what is there already is continued. The clock must outlive the log.
   FileLog(const std::string& path, const Clock& clock, std::uintmax_t sizeLimit = kSizeLimit);

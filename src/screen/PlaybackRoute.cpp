@@ -15,6 +15,16 @@ void onShot(ui::Timer& timer, std::function<void()> act) {
   });
 }
 
+bool usesMediaPlayer(std::int32_t rule) {
+  return rule == playRule::kPreferReal || rule == playRule::kPreferMedia ||
+         rule == playRule::kMediaOnly;
+}
+
+bool usesRealPlayer(std::int32_t rule) {
+  return rule == playRule::kPreferReal || rule == playRule::kPreferMedia ||
+         rule == playRule::kRealOnly;
+}
+
 }  // namespace
 
 void Playback::listenToTimers() {
@@ -32,13 +42,17 @@ void Playback::listenToTimers() {
 }
 
 void Playback::startMediaPlayer() {
-  if (rule_ == playRule::kRealOnly) return;
-  if (rule_ == playRule::kPreferReal) show(Engine::mediaPlayer);
+  if (!usesMediaPlayer(rule_)) return;
+  if (rule_ == playRule::kPreferReal) {
+    show(Engine::mediaPlayer);
+    // Starting RealPlayer gave it its path anew, which made it forget where to start.
+    if (seekOnStart_) wmpPlayer_->setCurrentPosition(position_);
+  }
   wmpPlayer_->play();
 }
 
 void Playback::startRealPlayer() {
-  if (rule_ == playRule::kMediaOnly) return;
+  if (!usesRealPlayer(rule_)) return;
   wmpPlayer_->setUrl(wmpPlayer_->url());  // makes it give up its present attempt
   show(Engine::realPlayer);
   // An engine that is not active owes no stopped notification any more; a flag left over would

@@ -130,7 +130,7 @@ void frmScreen::listenToEngines() {
 }
 
 void frmScreen::layOut() {
-  if (!wmpPlayer_) return;
+  if (!wmpPlayer_ || !realPlayer_) return;  // on the way in or out
   const auto twips = twipsPerPixel();
   const Rect inner{0, 0, toPixels(scaleWidth(), twips.x), toPixels(scaleHeight(), twips.y)};
   wmpPlayer_->move(inner);

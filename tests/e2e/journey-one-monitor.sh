@@ -4,6 +4,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
 journey one-monitor single
 
 screen_is() { [[ $(player_shows screen) == "$1 "* ]]; }
+has_frame() { [[ $(player_shows screen) == *" style 16cf0000 visible" ]]; }
 panel_is_above() {
   # What is seen in the middle of the panel is the panel: its light list, not the picture.
   at_least "$(brightness 40x40+640+600)" 0.8
@@ -23,5 +24,12 @@ sleep 1
 desktop_screenshot "$shots/menu.png"
 check "the right button opens the menu" at_least "$(player_region "$shots/menu.png" 10x100+64+890 mean)" 0.5
 xdotool key Escape
+sleep 0.5
+check "the control panel is still above the picture after the menu" player_wait 5 panel_is_above
+xdotool mousemove 60 900 click 3
+sleep 1
+xdotool key Up Up Return
+check "the menu leads out of full screen" player_wait 5 screen_is 160,128,960,768
+check "with a title bar and a frame" has_frame
 player_drive close
 check "it leaves in order" said ' stop$'

@@ -32,6 +32,7 @@ class FakeMediaPlayer : public MediaPlayerSlot {
   std::string url() const override { return url_; }
   void setUrl(const std::string& url) override {
     url_ = url;
+    position = 0;
     note("url " + url);
   }
   void play() override { note("play"); }

@@ -35,6 +35,7 @@ struct FakePanel : PanelFace {
     rect.top = upperLeft.y;
     trace.add("panel to " + std::to_string(upperLeft.x) + "," + std::to_string(upperLeft.y));
   }
+  void restoreFace() override { trace.add("panel restored"); }
   void bringFaceToFront() override { trace.add("panel front"); }
   void keepFaceOnTop(bool onTop) override { trace.add(onTop ? "panel on top" : "panel normal"); }
   void hideAndUnloadFace() override { trace.add("panel gone"); }

@@ -192,7 +192,7 @@ void Win32Form::activate() {
 }
 
 MenuItem* Win32Form::popupMenu(MenuItem& menu) {
-  return runPopupMenu(window_, menu);
+  return runPopupMenu(window_, form_.clickActivates(), menu);
 }
 
 LRESULT CALLBACK Win32Form::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,6 +1,7 @@
 #include "ui/win32/Win32PopupMenu.h"
 
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <vector>
 
@@ -46,19 +47,37 @@ bool holds(const MenuItem& menu, const MenuItem* wanted) {
   return false;
 }
 
+/// A window that nobody sees, to own a menu whose form is to stay where it is.
+class HiddenOwner {
+ public:
+  HiddenOwner()
+      : window_(CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr,
+                                nullptr, GetModuleHandleW(nullptr), nullptr)) {}
+  ~HiddenOwner() { DestroyWindow(window_); }
+  HiddenOwner(const HiddenOwner&) = delete;
+  HiddenOwner& operator=(const HiddenOwner&) = delete;
+  HWND window() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
 }  // namespace
 
-MenuItem* runPopupMenu(HWND owner, MenuItem& menu) {
+MenuItem* runPopupMenu(HWND form, bool activates, MenuItem& menu) {
   std::vector<MenuItem*> entries;
   const UniqueMenu real = build(menu, entries);
   POINT at{};
   GetCursorPos(&at);
   // Without the foreground the menu would not close when the user clicks elsewhere.
+  std::optional<HiddenOwner> hidden;
+  if (!activates) hidden.emplace();
+  const HWND owner = hidden ? hidden->window() : form;
   SetForegroundWindow(owner);
   const auto command = static_cast<std::size_t>(
       TrackPopupMenu(real.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, owner, nullptr));
-  // The menu's owner may have been unloaded by a timer, and the menu with it.
-  if (!IsWindow(owner) || GetWindowLongPtrW(owner, GWLP_USERDATA) == 0) return nullptr;
+  // The form may have been unloaded by a timer, and the menu with it.
+  if (!IsWindow(form) || GetWindowLongPtrW(form, GWLP_USERDATA) == 0) return nullptr;
   PostMessageW(owner, WM_NULL, 0, 0);
   if (command == 0 || command > entries.size()) return nullptr;
   MenuItem* chosen = entries[command - 1];

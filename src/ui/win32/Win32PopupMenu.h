@@ -7,8 +7,8 @@
 namespace tessivo::ui {
 
 /// Shows the menu at the pointer until the user has chosen or gone elsewhere. Returns the entry
-/// chosen; nothing when there was none, when the entry has been removed meanwhile or when the owner
-/// window has gone.
-MenuItem* runPopupMenu(HWND owner, MenuItem& menu);
+/// chosen; nothing when there was none, when the entry has been removed meanwhile or when the form
+/// has gone. The form comes to the front only when it `activates`.
+MenuItem* runPopupMenu(HWND form, bool activates, MenuItem& menu);
 
 }  // namespace tessivo::ui

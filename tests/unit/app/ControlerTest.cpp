@@ -250,16 +250,16 @@ TEST_F(ControlerTest, ADoubleClickOnNoMonitorDoesNothing) {
 TEST_F(ControlerTest, ADoubleClickInFullScreenBringsThePanelUp) {
   pointer.at = {10, 10};
   screen.DbClickPlayer.raise(true);
-  EXPECT_EQ(trace.take(), "panel front");
+  EXPECT_EQ(trace.take(), "panel restored | panel front");
 }
 
 TEST_F(ControlerTest, AClickBringsThePanelToTheMonitorUnderThePointer) {
   pointer.at = {2000, 500};
   screen.ClickPlayer.raise();
   // Work area 1920 x 1040 at 1280,0; the panel is 400 x 300.
-  EXPECT_EQ(trace.take(), "panel to 2040,370 | panel front");
+  EXPECT_EQ(trace.take(), "panel restored | panel to 2040,370 | panel front");
   screen.ClickPlayer.raise();
-  EXPECT_EQ(trace.take(), "panel front");
+  EXPECT_EQ(trace.take(), "panel restored | panel front");
 }
 
 TEST_F(ControlerTest, ThePlayAreaIsKept) {

@@ -145,10 +145,25 @@ TEST_F(FrmMainTest, SingleRepeatPlaysTheSameAgain) {
 }
 
 TEST_F(FrmMainTest, ADoubleClickPlaysTheRowUnderThePointer) {
-  addThree();
-  controler.selectAItem(key(3));
-  main.lvPlayList.onDoubleClick.raise();  // the pointer was never over a row
+  startFirst();
+  std::int32_t y = 0;
+  while (main.lvPlayList.rowAt(y) != 1) ++y;
+  main.lvPlayList.mouseMove({MouseButton::left, 500, y});
+  main.lvPlayList.doubleClick();
+  EXPECT_EQ(rows(), "a0 b1b! c0 ");
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | real stop | "
+            "wmp stop | wmp position 0 | wmp url C:\\v\\b.avi | real source C:\\v\\b.avi");
+  real().notify(RealPlayState::stopped);
+  plays("C:\\v\\b.avi");
+}
+
+TEST_F(FrmMainTest, ADoubleClickOnEmptySpaceDoesNothing) {
+  startFirst();
+  main.lvPlayList.mouseMove({MouseButton::left, 500, 100000});
+  main.lvPlayList.doubleClick();
   EXPECT_EQ(rows(), "a1b! b0 c0 ");
+  EXPECT_EQ(trace.take(), "");
 }
 
 TEST_F(FrmMainTest, AnErrorStopsAndIsShown) {

@@ -36,6 +36,8 @@ TEST_F(FrmScreenGesturesTest, ASingleClickIsReportedAfterTheDoubleClickTime) {
 }
 
 TEST_F(FrmScreenGesturesTest, ARightClickIsNoClick) {
+  time.advance(1000);
+  ASSERT_FALSE(screen.timSetTimShowBackZOrder.enabled());
   wmp().click.raise(MouseButton::right);
   EXPECT_TRUE(screen.timSetTimShowBackZOrder.enabled());
   time.advance(5000);
@@ -45,8 +47,11 @@ TEST_F(FrmScreenGesturesTest, ARightClickIsNoClick) {
 TEST_F(FrmScreenGesturesTest, ADoubleClickInNormalPlacementDropsTheSingleClick) {
   wmp().click.raise(MouseButton::left);
   wmp().doubleClick.raise();
+  EXPECT_EQ(trace.take(), "DbClickPlayer normal");
+  time.advance(1);
+  EXPECT_EQ(trace.take(), "DbClickPlayer normal");
   time.advance(1000);
-  EXPECT_EQ(trace.take(), "DbClickPlayer normal | DbClickPlayer normal");
+  EXPECT_EQ(trace.take(), "");
 }
 
 TEST_F(FrmScreenGesturesTest, ADoubleClickInFullScreenKeepsTheSingleClick) {
@@ -68,10 +73,18 @@ TEST_F(FrmScreenGesturesTest, ADoubleClickOnRealPlayersPictureIsReportedOnTheNex
   EXPECT_EQ(trace.take(), "");
 }
 
+TEST_F(FrmScreenGesturesTest, TheReleaseAfterRealPlayersDoubleClickCountsAsAClick) {
+  real().pictureMouse.raise(PictureMouse::leftUp);
+  real().pictureMouse.raise(PictureMouse::leftDoubleClick);
+  time.advance(50);
+  real().pictureMouse.raise(PictureMouse::leftUp);
+  time.advance(280);
+  EXPECT_EQ(trace.take(), "DbClickPlayer normal | ClickPlayer");
+}
+
 TEST_F(FrmScreenGesturesTest, TheRightButtonRebuildsTheScreensAndOpensTheMenu) {
   int popups = 0;
   screen.onPopup.listen([&popups](ui::MenuItem&) { ++popups; });
-  screen.createScreenListMenu();
   displays.add({3200, 0, 800, 600});
   wmp().mouseDown.raise(MouseButton::left);
   EXPECT_EQ(screen.menu().screenCount(), 2U);
@@ -142,6 +155,32 @@ TEST_F(FrmScreenGesturesTest, ResizingLaysBothEnginesOut) {
   EXPECT_TRUE(screen.timSetTimShowBackZOrder.enabled());
 }
 
+/// Notes when the time panel is brought to the front.
+struct FrontPeer : ui::Peer {
+  explicit FrontPeer(Trace& t) : trace(t) {}
+  void changed(ui::Aspect) override {}
+  void bringToFront() override { trace.add("time panel front"); }
+  void setFocus() override {}
+  void repaint() override {}
+  WindowHandle nativeHandle() const override { return 0; }
+  Trace& trace;
+};
+
+TEST_F(FrmScreenGesturesTest, TheTimePanelComesToTheFrontWhenPlayingAndASecondLater) {
+  time.advance(1000);
+  screen.picTimShowBack.attachPeer(std::make_unique<FrontPeer>(trace));
+  screen.strFilePath("C:\\a.avi");
+  screen.play();
+  time.advance(1);
+  trace.take();
+  real().notify(RealPlayState::playing);
+  EXPECT_EQ(trace.take(), "time panel front | real position 0 | real sound");
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "time panel front");
+  time.advance(5000);
+  EXPECT_EQ(trace.take(), "");
+}
+
 TEST_F(FrmScreenGesturesTest, TheTimePanelTimerIsOneShot) {
   time.advance(1000);
   EXPECT_FALSE(screen.timSetTimShowBackZOrder.enabled());
@@ -158,6 +197,28 @@ TEST_F(FrmScreenGesturesTest, TheRectangleIsReportedEveryTwoSecondsUntilUnload) 
   screen.unloadScreen();
   time.advance(4000);
   EXPECT_EQ(reports.size(), 2U);
+}
+
+/// A display whose pixels are not square.
+class FrmScreenOblongTest : public ScreenFixture {
+ protected:
+  FrmScreenOblongTest() : ScreenFixture({15, 10}) {}
+};
+
+TEST_F(FrmScreenOblongTest, TheReportedLeftEdgeGoesByTheVerticalFactor) {
+  std::vector<Rect> reports;
+  screen.reportPosition.listen([&reports](const Rect& rect) { reports.push_back(rect); });
+  screen.noteMoved({3000, 3000, 6000, 3000});
+  time.advance(2000);
+  EXPECT_EQ(reports, (std::vector<Rect>{{300, 300, 400, 300}}));
+}
+
+TEST_F(FrmScreenOblongTest, TheSavedLeftEdgeGoesByTheVerticalFactorAndBackByTheHorizontal) {
+  screen.noteMoved({3000, 3000, 6000, 3000});
+  screen.boolMaxSize(true);
+  EXPECT_EQ(screen.normal(), (Rect{300, 300, 400, 300}));
+  screen.boolMaxSize(false);
+  EXPECT_EQ(screen.bounds(), (Rect{4500, 3000, 6000, 3000}));
 }
 
 }  // namespace

@@ -42,9 +42,54 @@ TEST_F(PlaybackRouteTest, PreferRealFallsBackToMediaPlayer) {
   turn();
   EXPECT_EQ(screen.lngState(), playState::kStarting);
   turn();
-  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp play");
+  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp position 0 | wmp play");
   wmp().notify(MediaPlayState::playing);
   EXPECT_EQ(screen.lngState(), playState::kPlaying);
+}
+
+TEST_F(PlaybackRouteTest, TheFallbackOfPreferRealStartsAtTheRequestedPosition) {
+  screen.lngPlayRuler(playRule::kPreferReal);
+  screen.strFilePath("C:\\a.avi");
+  screen.lngJinDu(65);
+  ASSERT_TRUE(screen.play());
+  turn();
+  real().errorMessage.raise();
+  turn();
+  trace.take();
+  turn();
+  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp position 65 | wmp play");
+}
+
+TEST_F(PlaybackRouteTest, ANewPathDropsAPendingStartOfMediaPlayer) {
+  screen.lngPlayRuler(playRule::kMediaOnly);
+  screen.strFilePath("C:\\a.avi");
+  ASSERT_TRUE(screen.play());
+  screen.strFilePath("C:\\b.avi");
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackRouteTest, ANewPathDropsAPendingFailureOfMediaPlayer) {
+  order(playRule::kMediaOnly);
+  wmp().mediaError.raise();
+  screen.strFilePath("C:\\b.avi");
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackRouteTest, TheTimersOfTheOtherEngineStartNothingUnderAnOnlyRule) {
+  order(playRule::kRealOnly);
+  screen.playback().timMediaPlayDelay.setEnabled(true);
+  screen.playback().timMediaErrDelay.setEnabled(true);
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
+  order(playRule::kMediaOnly);
+  screen.playback().timRealPlayDelay.setEnabled(true);
+  screen.playback().timRealErrDelay.setEnabled(true);
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
 }
 
 TEST_F(PlaybackRouteTest, PreferRealWithBothFailingReportsWithoutFullStop) {
@@ -106,7 +151,7 @@ TEST_F(PlaybackRouteTest, AnEarlyStopUnderPreferRealStartsMediaPlayer) {
   real().notify(RealPlayState::stopped);
   turn();
   turn();
-  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp play");
+  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp position 0 | wmp play");
 }
 
 TEST_F(PlaybackRouteTest, AStopDropsAHopInFlight) {

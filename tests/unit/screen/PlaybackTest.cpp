@@ -185,11 +185,57 @@ TEST_F(PlaybackTest, StopRunsTheResetStep) {
 
 TEST_F(PlaybackTest, AnOrderedStopRaisesNothing) {
   startPlaying(playRule::kRealOnly);
+  time.advance(1500);
+  trace.take();
   screen.stopPlay();
   real().notify(RealPlayState::stopped);
+  time.advance(5000);
+  EXPECT_EQ(trace.take(), "wmp stop | wmp position 0 | real stop");
+}
+
+TEST_F(PlaybackTest, AStopThatANewPathBringsAboutRaisesNothing) {
+  startPlaying(playRule::kRealOnly);
+  time.advance(1500);
+  screen.strFilePath("C:\\b.avi");
   trace.take();
+  real().notify(RealPlayState::stopped);
   time.advance(5000);
   EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackTest, AStopThatANewRuleBringsAboutRaisesNothing) {
+  startPlaying(playRule::kRealOnly);
+  time.advance(1500);
+  screen.lngPlayRuler(playRule::kMediaOnly);
+  trace.take();
+  real().notify(RealPlayState::stopped);
+  time.advance(5000);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackTest, LoadingGivesBothEnginesTheVolumeAndTheMuteState) {
+  frmScreen another{{toolkit, time, displays, files, log, engines}};
+  trace.take();
+  another.load();
+  EXPECT_NE(trace.take().find("wmp volume 30 | real volume 30 | wmp sound | real sound"),
+            std::string::npos);
+}
+
+TEST_F(PlaybackTest, AnUnknownRuleStartsNoEngine) {
+  screen.strFilePath("C:\\a.avi");
+  screen.lngPlayRuler(7);
+  screen.play();
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackTest, AOneSecondItemHasAPercentage) {
+  startPlaying(playRule::kMediaOnly);
+  wmp().duration = 1;
+  wmp().position = 1;
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "JinDu 100% 1=00:00:01 of 1=00:00:01");
 }
 
 TEST_F(PlaybackTest, AfterAnOrderedStopTheNextEndIsAnEnd) {

@@ -17,9 +17,7 @@ namespace tessivo {
 /// in the trace beside the engines' calls.
 class ScreenFixture : public testing::Test {
  protected:
-  ScreenFixture() {
-    displays.add({0, 0, 1280, 1024}, true);
-    displays.add({1280, 0, 1920, 1080});
+  explicit ScreenFixture(TwipsPerPixel twips = {}) : displays(twoMonitors(twips)) {
     files.existing = {"C:\\a.avi", "C:\\b.avi"};
   }
 
@@ -38,6 +36,14 @@ class ScreenFixture : public testing::Test {
         [this](int code) { trace.add("clickPopuMenu " + std::to_string(code)); });
     screen.load();
     trace.take();
+  }
+
+  static FakeDisplays twoMonitors(TwipsPerPixel twips) {
+    FakeDisplays two;
+    two.add({0, 0, 1280, 1024}, true);
+    two.add({1280, 0, 1920, 1080});
+    two.twips = twips;
+    return two;
   }
 
   FakeMediaPlayer& wmp() { return *engines.wmp; }
