@@ -118,7 +118,8 @@ TEST_F(MediaFoundationOnDesktop, ThePictureFollowsTheSize) {
   EXPECT_TRUE(waitFor([&] {
     return isRed(shownAt(80, 180)) && isBlue(shownAt(80, 220)) && shownAt(80, 120) == kBlack &&
            shownAt(80, 280) == kBlack && shownAt(300, 200) != kBlack;  // the stage
-  })) << std::hex << shownAt(80, 180) << ' ' << shownAt(80, 220) << ' ' << shownAt(80, 120) << ' '
+  })) << std::hex
+      << shownAt(80, 180) << ' ' << shownAt(80, 220) << ' ' << shownAt(80, 120) << ' '
       << shownAt(300, 200);
 }
 

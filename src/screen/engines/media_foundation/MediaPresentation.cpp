@@ -8,12 +8,14 @@
 #include <utility>
 #include <vector>
 
+#include "screen/engines/embedded/RunsOnWine.h"
 #include "screen/engines/media_foundation/PlaybackTopology.h"
 
 namespace tessivo {
 namespace {
 
 constexpr double kTicksPerSecond = 1e7;
+constexpr DWORD kSourceSettlesMs = 100;
 
 std::int32_t millisecondsOf(UINT64 ticks) {
   constexpr UINT64 kMost = std::numeric_limits<std::int32_t>::max();
@@ -242,6 +244,9 @@ void MediaPresentation::shutDown() {
     clock_.reset();
     session = std::exchange(session_, {});
   }
+  // Wine's source reports that it has stopped a moment before it has; shut down in that moment, it
+  // would free everything twice.
+  if (session && runsOnWine()) Sleep(kSourceSettlesMs);
   if (source_) source_->Shutdown();
   if (session) session->Shutdown();
   presentation_.reset();

@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# What is to be heard of the embedded engines: each plays a tone at full volume, at half, muted and
+# paused into a silent sound server, whose output is recorded and measured.
+#
+#   run-sound.sh [win32_tests.exe]
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+program=${1:-$root/build/x64/tests/win32_tests.exe}
+media=$root/build/media
+
+"$root/tests/media/make" "$media"
+# shellcheck source=tools/desktop
+source "$root/tools/desktop"
+desktop_start single
+sound_start
+export TESSIVO_TEST_MEDIA="Z:${media//\//\\}"
+
+# level ENGINE STATE: the loudness that is recorded while the engine is in the state, as the root
+# mean square of -1..1; "error" when the program failed.
+level() {
+  local record=$DESKTOP_DIR/record.raw ready=$DESKTOP_DIR/ready player recorder
+  rm -f "$ready"
+  TESSIVO_TEST_ENGINE=$1 TESSIVO_TEST_SOUND=$2 TESSIVO_TEST_READY="Z:${ready//\//\\}" \
+    "$root/tools/wine-run" --name engines "$program" --gtest_filter='EngineSoundOnDesktop.*' \
+    >"$DESKTOP_DIR/play.log" 2>&1 &
+  player=$!
+  if ! desktop_wait 60 "the $1 engine ($2)" test -e "$ready"; then
+    kill "$player"
+    cat "$DESKTOP_DIR/play.log" >&2
+    echo error
+    return
+  fi
+  parec --device=silence.monitor --format=s16le --rate=44100 --channels=1 >"$record" &
+  recorder=$!
+  sleep 1.5
+  kill "$recorder"
+  wait "$recorder" || true
+  wait "$player" || { echo error; return; }
+  # The first third of a second may hold what came before.
+  sox -t raw -r 44100 -e signed -b 16 -c 1 "$record" -n trim 0.4 stat 2>&1 |
+    awk '/^RMS +amplitude/ { print $3 }'
+}
+
+failed=0
+# expect ENGINE STATE LOWEST HIGHEST
+expect() {
+  local heard
+  heard=$(level "$1" "$2")
+  if awk -v h="$heard" -v l="$3" -v u="$4" 'BEGIN { exit !(h ~ /^[0-9.]+$/ && h >= l && h <= u) }'
+  then
+    echo "PASS $1 $2: level $heard"
+  else
+    echo "FAIL $1 $2: level $heard, expected $3 to $4"
+    failed=1
+  fi
+}
+
+# The tone has a level of 0.088. Both engines sound alike.
+for engine in media_foundation direct_show; do
+  expect "$engine" full 0.075 0.1
+  expect "$engine" half 0.035 0.055
+  expect "$engine" muted 0 0.0005
+  expect "$engine" muted-later 0 0.0005
+  expect "$engine" paused 0 0.0005
+  expect "$engine" unmuted 0.075 0.1
+done
+exit "$failed"
