@@ -99,8 +99,8 @@ int runProgram() {
   Controler controler({keys, files, displays, pointer, loop, *log});
   frmScreen screen({toolkit, timers, displays, files, *log, engines});
   frmMain panel(toolkit, displays.twipsPerPixel(), controler);
-  startUp({paths, commandLineArguments(), displays, aimMonitor, playList, controler, screen, panel,
-           [&panel, &displays] {
+  startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
+           panel, [&panel, &displays] {
              panel.load(panelArea(displays));
              panel.show();
            }});

@@ -8,6 +8,8 @@ namespace tessivo {
 namespace {
 
 constexpr int kEngineSettleMs = 200;
+constexpr int kSaveAttempts = 10;
+constexpr int kSaveAgainMs = 100;
 
 bool contains(const cMonitor& monitor, Point point) {
   return monitor.Left() <= point.x && point.x <= monitor.Left() + monitor.Width() &&
@@ -31,7 +33,9 @@ Controler::Controler(const ControlerServices& services) : services_(services) {}
 
 void Controler::setInitializePram(const std::string& databasePath, const std::string&) {
   config_.strDBFilePath(databasePath);
-  config_.boolGetData();
+  if (!config_.boolGetData() && !config_.strReport().empty()) {
+    services_.log.error("settings not read: " + config_.strReport());
+  }
 }
 
 void Controler::setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList) {
@@ -67,11 +71,7 @@ void Controler::exitSys() {
   exiting_ = true;
   saveResumePoint();
   takeFormsDown();
-  if (!config_.boolSaveData())
-    services_.log.error("settings not saved: " + config_.strDBFilePath());
-  if (config_.boolSavePlayList() && !playList_->boolSavePlayListToPLDB()) {
-    services_.log.error("playlist not saved: " + playList_->strPLDBFilePath());
-  }
+  saveAll();
   services_.log.info("stop");
   services_.loop.quit();
 }
@@ -80,6 +80,27 @@ void Controler::saveResumePoint() {
   if (!config_.boolSavePlayList()) return;
   config_.lngCurrentPlayItemLen(panel_->lngGetMovieLen());
   config_.lngCurrentPlayPosition(panel_->lngGetJinDu());
+}
+
+/// Nobody waits for a window any more, so a database that another program holds for a moment (a
+/// virus scanner, a backup) is tried for longer than while the forms were there.
+void Controler::saveAll() {
+  const auto patiently = [this](const auto& save) {
+    for (int attempt = 1; !save(); ++attempt) {
+      if (attempt == kSaveAttempts) return false;
+      services_.loop.pumpFor(kSaveAgainMs);
+    }
+    return true;
+  };
+  if (!patiently([this] { return config_.boolSaveData(); })) {
+    services_.log.error("settings not saved: " + config_.strReport());
+  }
+  if (!config_.boolSavePlayList()) return;
+  if (!patiently([this] { return playList_->boolSavePlayListToPLDB(); })) {
+    services_.log.error("playlist not saved: " + playList_->strReport());
+  } else if (!playList_->strReport().empty()) {
+    services_.log.info("playlist saved; " + playList_->strReport());
+  }
 }
 
 void Controler::takeFormsDown() {

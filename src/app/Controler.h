@@ -103,6 +103,7 @@ class Controler {
   void switchFullScreen(bool fullScreen);
   void saveResumePoint();
   void takeFormsDown();
+  void saveAll();
 
   ControlerServices services_;
   SysConfig config_;

@@ -24,9 +24,10 @@ void loadScreen(const StartUpParts& parts) {
 
 void loadPlayList(const StartUpParts& parts) {
   if (parts.controler.config().boolSavePlayList()) {
-    parts.playList.boolGetPlayListFromPLDB();
-  } else {
-    parts.playList.boolSavePlayListToPLDB();
+    if (parts.playList.boolGetPlayListFromPLDB()) return;
+    parts.log.error("playlist not read: " + parts.playList.strReport());
+  } else if (!parts.playList.boolSavePlayListToPLDB()) {
+    parts.log.error("stored playlist not cleared: " + parts.playList.strReport());
   }
 }
 

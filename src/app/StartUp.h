@@ -14,6 +14,7 @@ struct StartUpParts {
   const ProgramPaths& paths;
   std::string commandLine;
   const Displays& displays;
+  Log& log;
   AimMonitor& aimMonitor;
   PlayList& playList;
   Controler& controler;

@@ -17,14 +17,12 @@ inline double roundHalfEven(double value) {
 }
 
 /// The value rounded half to even as a whole number of the given type; nothing when it does not
-/// fit or is not a number. The caller turns nothing into "the call fails".
+/// fit or is not a number. For signed types. The caller turns nothing into "the call fails".
 template <typename Integer>
 std::optional<Integer> roundedTo(double value) {
   const double rounded = roundHalfEven(value);
-  if (!(rounded >= static_cast<double>(std::numeric_limits<Integer>::min()) &&
-        rounded <= static_cast<double>(std::numeric_limits<Integer>::max()))) {
-    return std::nullopt;
-  }
+  const double end = std::ldexp(1.0, std::numeric_limits<Integer>::digits);  // one past the largest
+  if (!(rounded >= -end && rounded < end)) return std::nullopt;
   return static_cast<Integer>(rounded);
 }
 

@@ -83,9 +83,13 @@ class PlayList {
   bool boolGetPlayListFromPLDB();
 
   /// Replaces the stored list by this one, all or nothing. False when that failed. If the last
-  /// load could not read the database, a copy of the file ("….unread-1" and so on) is made first,
-  /// so that a list that could not be shown is not lost.
+  /// load could not read the database, an empty list leaves the stored one alone, and before any
+  /// other is stored a copy of the file ("….unread-1" and so on) is made, so that a list that could
+  /// not be shown is not lost.
   bool boolSavePlayListToPLDB();
+
+  /// Why the last load or save failed, or which copy was made; empty when there is nothing to say.
+  const std::string& strReport() const { return report_; }
 
  private:
   struct KeyOfMovie {
@@ -102,6 +106,7 @@ class PlayList {
 
   MovieKeys& keys_;
   std::string path_;
+  std::string report_;
   bool unread_ = false;  ///< the stored list exists but the last load could not read it
   KeyedSequence<MoviePtr, KeyOfMovie> items_;
   std::vector<MoviePtr> playItems_;  ///< all items with the play mark, in list order

@@ -18,13 +18,14 @@ void PlayList::strPLDBFilePath(const std::string& path) {
 bool PlayList::boolGetPlayListFromPLDB() {
   clearList();
   unread_ = true;
+  report_.clear();
   try {
-    std::string error;
     const auto rows = DataAccess().objrsGetRecordSet1("select * from play_list order by item_order",
-                                                      path_, error);
+                                                      path_, report_);
     if (!rows) return false;
     for (; !rows->eof(); rows->moveNext()) appendStored(*rows);
-  } catch (const DataError&) {
+  } catch (const DataError& error) {
+    report_ = error.what();
     clearList();
     return false;
   }
@@ -49,19 +50,25 @@ void PlayList::markFirst() {
 }
 
 bool PlayList::boolSavePlayListToPLDB() {
+  report_.clear();
+  if (unread_ && items_.empty()) return true;
   if (unread_ && !keepUnreadFile()) return false;
   try {
     std::string error;
     const auto emptied = DataAccess(DataAccess::Commit::together)
                              .objrsGetRecordSet1("delete from play_list", path_, error);
-    if (!emptied) return false;
+    if (!emptied) {
+      report_ = error;
+      return false;
+    }
     if (!items_.empty()) {
       Recordset rows(emptied->connection(), "play_list", CommandType::table);
       appendRows(rows);
     }
     emptied->connection()->commit();
     return true;
-  } catch (const DataError&) {
+  } catch (const DataError& error) {
+    report_ = error.what();
     return false;
   }
 }
@@ -86,7 +93,10 @@ bool PlayList::keepUnreadFile() {
   const bool holdsSomething =
       std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) > 0;
   if (holdsSomething && !isAccessFile(path_)) {
-    if (!std::filesystem::copy_file(file, toFilePath(freeNameBeside(path_, ".unread-")), error)) {
+    const std::string copy = freeNameBeside(path_, ".unread-");
+    report_ = "the stored list could not be read; a copy of it: " + copy;
+    if (!std::filesystem::copy_file(file, toFilePath(copy), error)) {
+      report_ = "the stored list could not be read and not be copied: " + copy;
       return false;
     }
   }

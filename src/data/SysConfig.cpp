@@ -40,30 +40,59 @@ Value flag(bool on) {
 }  // namespace
 
 bool SysConfig::boolGetData() {
+  unread_ = true;
+  report_.clear();
   try {
-    std::string error;
-    const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, error);
-    if (!row || row->bof() || row->eof()) return false;
+    const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, report_);
+    if (!row) return false;
+    unread_ = false;
+    if (row->bof() || row->eof()) return false;
     values_ = read(*row);
     return true;
-  } catch (const DataError&) {
+  } catch (const DataError& error) {
+    report_ = error.what();
     return false;
   }
 }
 
 bool SysConfig::boolSaveData() {
+  report_.clear();
   try {
-    std::string error;
-    const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, error);
+    const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, report_);
     if (!row) return false;
-    if (row->bof() || row->eof()) row->addNew();
+    if (row->bof() || row->eof()) {
+      row->addNew();
+    } else if (unread_) {
+      takeStoredWhereUnchanged(*row);
+    }
     write(*row);
     row->updateBatch();
     row->close();
+    unread_ = false;
     return true;
-  } catch (const DataError&) {
+  } catch (const DataError& error) {
+    report_ = error.what();
     return false;
   }
+}
+
+void SysConfig::takeStoredWhereUnchanged(const Recordset& row) {
+  const Values defaults;
+  const Values stored = read(row);
+  const auto take = [&](auto property) {
+    if (values_.*property == defaults.*property) values_.*property = stored.*property;
+  };
+  take(&Values::recyclePlayType);
+  take(&Values::volume);
+  take(&Values::playRuler);
+  take(&Values::screenSaver);
+  take(&Values::screenSaverName);
+  take(&Values::delayMinutes);
+  take(&Values::panelOnError);
+  take(&Values::nextOnError);
+  take(&Values::savePlayList);
+  take(&Values::position);
+  take(&Values::itemLength);
 }
 
 SysConfig::Values SysConfig::read(const Recordset& row) {

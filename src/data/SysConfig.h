@@ -20,8 +20,12 @@ class SysConfig {
   /// belongs, a number out of range) gives that property its default.
   bool boolGetData();
 
-  /// Stores the settings, all or nothing. False when that failed.
+  /// Stores the settings, all or nothing. False when that failed. If the last load could not read
+  /// the database, only what has been changed since goes over what is stored.
   bool boolSaveData();
+
+  /// Why the last load or save failed; empty after one that did not.
+  const std::string& strReport() const { return report_; }
 
   /// 1 repeats the item, 2 repeats the list, 3 plays the list once.
   std::int32_t lngRecyclePlayType() const { return values_.recyclePlayType; }
@@ -75,9 +79,12 @@ class SysConfig {
   };
   static Values read(const Recordset& row);
   void write(Recordset& row) const;
+  void takeStoredWhereUnchanged(const Recordset& row);
 
   std::string path_;
+  std::string report_;
   Values values_;
+  bool unread_ = false;  ///< the last load could not read the database
 };
 
 }  // namespace tessivo

@@ -76,6 +76,7 @@ class FakeMediaPlayer : public MediaPlayerSlot {
 class FakeRealPlayer : public RealPlayerSlot {
  public:
   explicit FakeRealPlayer(Trace& trace) : trace_(trace) {}
+  ~FakeRealPlayer() override { note("gone"); }
 
   bool visible() const override { return visible_; }
   void setVisible(bool visible) override {

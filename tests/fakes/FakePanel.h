@@ -38,7 +38,11 @@ struct FakePanel : PanelFace {
   void restoreFace() override { trace.add("panel restored"); }
   void bringFaceToFront() override { trace.add("panel front"); }
   void keepFaceOnTop(bool onTop) override { trace.add(onTop ? "panel on top" : "panel normal"); }
-  void hideAndUnloadFace() override { trace.add("panel gone"); }
+  void hideAndUnloadFace() override {
+    trace.add("panel gone");
+    shownLength = 0;
+    shownPosition = 0;
+  }
 
   Trace& trace;
   std::int32_t shownLength = 100;

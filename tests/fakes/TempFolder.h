@@ -2,36 +2,46 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <string>
+#include <system_error>
+
+#include "data/DataFiles.h"
 
 namespace tessivo {
 
-/// A folder of a test's own, gone with everything in it at its end.
+/// A folder of one test, gone at its end. Its name holds blanks, a ';' and Chinese, as a program
+/// folder may.
 class TempFolder {
  public:
-  TempFolder() {
-    static std::atomic<unsigned> serial{0};
-    const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-    path_ = std::filesystem::temp_directory_path() /
-            ("tessivo-test-" + std::to_string(ticks) + "-" + std::to_string(++serial));
+  TempFolder() : path_(std::filesystem::temp_directory_path() / toFilePath(uniqueName())) {
     std::filesystem::create_directories(path_);
   }
   ~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    std::error_code none;
+    std::filesystem::remove_all(path_, none);
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
-  /// UTF-8 path of a file in it.
   std::string file(const std::string& name) const {
-    const auto text = (path_ / std::filesystem::path(name)).u8string();
-    return {text.begin(), text.end()};
+    const auto utf8 = (path_ / toFilePath(name)).u8string();
+    return std::string(utf8.begin(), utf8.end());
+  }
+  std::size_t fileCount() const {
+    const std::filesystem::directory_iterator files(path_);
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
   }
 
  private:
+  static std::string uniqueName() {
+    static std::atomic<int> number = 0;
+    const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+    return "tessivo test; 泰思维 " + std::to_string(ticks) + "-" + std::to_string(++number);
+  }
   std::filesystem::path path_;
 };
 

@@ -273,10 +273,20 @@ TEST_F(ControlerTest, LeavingSavesInOrderAndEndsTheLoop) {
   panel.shownPosition = 65;
   screen.boolMute(true);
   screen.show();
+  bool savedTooEarly = false;
+  loop.whilePumping = [&] {
+    SysConfig early;
+    early.strDBFilePath(database);
+    PlayList earlyList(keys);
+    earlyList.strPLDBFilePath(database);
+    earlyList.boolGetPlayListFromPLDB();
+    savedTooEarly = early.boolGetData() || earlyList.lngListCount() > 0;
+  };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | quit");
+  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
   EXPECT_FALSE(screen.visible());
+  EXPECT_FALSE(savedTooEarly);
   SysConfig stored;
   stored.strDBFilePath(database);
   ASSERT_TRUE(stored.boolGetData());
@@ -309,7 +319,7 @@ TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   loop.whilePumping = [this] { controler.exitSys(); };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | quit");
+  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
 }
 
 TEST_F(ControlerTest, ClosingThePlaybackWindowLeavesTheProgram) {
@@ -317,14 +327,41 @@ TEST_F(ControlerTest, ClosingThePlaybackWindowLeavesTheProgram) {
   EXPECT_NE(trace.take().find("quit"), std::string::npos);
 }
 
-TEST_F(ControlerTest, WhatCannotBeSavedIsLogged) {
+TEST_F(ControlerTest, WhatCannotBeSavedIsTriedForASecondAndLoggedWithItsReason) {
+  addThree();
   controler.config().strDBFilePath(folder.file("no/such/folder/SysConfig"));
   playList.strPLDBFilePath(folder.file("no/such/folder/SysConfig"));
+  trace.take();
   controler.exitSys();
+  std::string attempts;
+  for (int i = 0; i < 18; ++i) attempts += "pump 100 | ";
+  EXPECT_EQ(trace.take(),
+            "panel gone | wmp sound | real sound | pump 200 | real gone | " + attempts + "quit");
   ASSERT_GE(log.lines.size(), 3U);
-  EXPECT_EQ(log.lines[log.lines.size() - 3].substr(0, 25), "error settings not saved:");
-  EXPECT_EQ(log.lines[log.lines.size() - 2].substr(0, 25), "error playlist not saved:");
+  const std::string& settings = log.lines[log.lines.size() - 3];
+  const std::string& list = log.lines[log.lines.size() - 2];
+  EXPECT_EQ(settings.find("error settings not saved: "), 0U);
+  EXPECT_GT(settings.size(), std::string("error settings not saved: ").size());
+  EXPECT_EQ(list.find("error playlist not saved: "), 0U);
+  EXPECT_GT(list.size(), std::string("error playlist not saved: ").size());
   EXPECT_EQ(log.lines.back(), "info stop");
+}
+
+TEST_F(ControlerTest, ADatabaseThatComesFreeWhileLeavingIsSavedTo) {
+  controler.config().strDBFilePath(folder.file("later/SysConfig"));
+  controler.config().boolSavePlayList(false);
+  controler.setVolume(61);
+  int pumps = 0;
+  loop.whilePumping = [&] {
+    if (++pumps != 4) return;
+    std::filesystem::create_directories(folder.path() / "later");
+    prepareDatabase(folder.file("later/SysConfig"), log);
+  };
+  controler.exitSys();
+  SysConfig stored;
+  stored.strDBFilePath(folder.file("later/SysConfig"));
+  ASSERT_TRUE(stored.boolGetData());
+  EXPECT_EQ(stored.intVolumeValue(), 61);
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ class StartUpTest : public ControlerFixture {
   }
   void start(const std::string& commandLine = "") {
     trace.take();
-    startUp({paths, commandLine, displays, aimMonitor, playList, controler, screen, panel,
+    startUp({paths, commandLine, displays, log, aimMonitor, playList, controler, screen, panel,
              [this] { trace.add("load panel"); }});
   }
 
@@ -78,6 +78,8 @@ TEST_F(StartUpTest, TheVolumeIsThirtyUntilTheSettingsAreGiven) {
   start();
   const std::string all = trace.take();
   EXPECT_LT(all.find("real volume 30 | load panel"), all.find("real volume 45"));
+  EXPECT_LT(all.find("real volume 45"), all.find("row a.avi"));
+  EXPECT_LT(all.find("real volume 45"), all.find("wmp url C:\\v\\b.avi"));
 }
 
 TEST_F(StartUpTest, TheFirstPlayOfTheStoredItemStartsWhereItWasLeft) {
@@ -115,6 +117,22 @@ TEST_F(StartUpTest, ACommandLineIsOnePathWithItsBlanksAndPlays) {
   start("C:\\v\\two words.avi");
   EXPECT_EQ(order(), "t*!");
   EXPECT_EQ(screen.lngState(), playState::kStarting);
+}
+
+TEST_F(StartUpTest, AnEmptyCommandLineDoesNothing) {
+  start();
+  const std::string all = trace.take();
+  EXPECT_EQ(all.find("state 3"), std::string::npos);
+  for (const std::string& line : log.lines) EXPECT_EQ(line.find("not added"), std::string::npos);
+}
+
+TEST_F(StartUpTest, WhatCannotBeReadIsLoggedWithItsReason) {
+  paths.database = folder.file("no/such/folder/SysConfig");
+  start();
+  ASSERT_GE(log.lines.size(), 2U);
+  EXPECT_EQ(log.lines[log.lines.size() - 2].find("error settings not read: "), 0U);
+  EXPECT_EQ(log.lines.back().find("error playlist not read: "), 0U);
+  EXPECT_GT(log.lines.back().size(), std::string("error playlist not read: ").size());
 }
 
 TEST_F(StartUpTest, TheShowPanelTextIsAFileNameAtStart) {

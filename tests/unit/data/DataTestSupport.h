@@ -15,42 +15,10 @@
 
 #include "data/DataFiles.h"
 #include "data/PrepareDatabase.h"
+#include "fakes/TempFolder.h"
 #include "platform/Log.h"
 
 namespace tessivo {
-
-/// A folder of one test, gone at its end. Its name holds blanks, a ';' and Chinese, as a program
-/// folder may.
-class TestFolder {
- public:
-  TestFolder() : path_(std::filesystem::temp_directory_path() / toFilePath(uniqueName())) {
-    std::filesystem::create_directories(path_);
-  }
-  ~TestFolder() {
-    std::error_code none;
-    std::filesystem::remove_all(path_, none);
-  }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-  std::string file(const std::string& name) const {
-    const auto utf8 = (path_ / toFilePath(name)).u8string();
-    return std::string(utf8.begin(), utf8.end());
-  }
-  std::size_t fileCount() const {
-    const std::filesystem::directory_iterator files(path_);
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-  }
-
- private:
-  static std::string uniqueName() {
-    static std::atomic<int> number = 0;
-    const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-    return "tessivo test; 泰思维 " + std::to_string(ticks) + "-" + std::to_string(++number);
-  }
-  std::filesystem::path path_;
-};
 
 struct RecordingLog : Log {
   void info(std::string_view text) override { infos.emplace_back(text); }
@@ -113,7 +81,7 @@ class DatabaseTest : public testing::Test {
     ASSERT_EQ(prepareDatabase(path, log), DatabaseState::created);
   }
 
-  TestFolder folder;
+  TempFolder folder;
   const std::string path = folder.file("SysConfig");
 };
 

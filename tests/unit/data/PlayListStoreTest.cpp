@@ -268,6 +268,33 @@ TEST_F(PlayListStoreTest, AListThatCouldNotBeReadIsKeptAsideBeforeItIsReplaced) 
   EXPECT_EQ(folder.fileCount(), 2u);
 }
 
+TEST_F(PlayListStoreTest, AnEmptyListDoesNotReplaceOneThatCouldNotBeRead) {
+  store("(1,'old','','',1)");
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    EXPECT_FALSE(list.boolGetPlayListFromPLDB());
+    EXPECT_NE(list.strReport().find("another program holds the file"), std::string::npos);
+  }
+  EXPECT_TRUE(list.boolSavePlayListToPLDB());
+  EXPECT_EQ(stored(), std::vector<std::string>{"1|old|||1"});
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+TEST_F(PlayListStoreTest, TheCopyOfAListThatCouldNotBeReadIsReported) {
+  store("(1,'old','','',1)");
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    list.boolGetPlayListFromPLDB();
+  }
+  add("new");
+  EXPECT_TRUE(list.boolSavePlayListToPLDB());
+  EXPECT_NE(list.strReport().find("SysConfig.unread-1"), std::string::npos);
+  EXPECT_TRUE(list.boolSavePlayListToPLDB());
+  EXPECT_EQ(list.strReport(), "");
+}
+
 TEST_F(PlayListStoreTest, AListThatWasReadIsReplacedWithoutACopy) {
   store("(1,'old','','',1)");
   list.boolGetPlayListFromPLDB();
@@ -279,6 +306,7 @@ TEST_F(PlayListStoreTest, AnAccessFileIsLeftAloneWithoutACopy) {
   const std::string content = std::string("\0\1\0\0Standard ACE DB\0", 20) + std::string(4000, 'x');
   writeFile(path, content);
   EXPECT_FALSE(list.boolGetPlayListFromPLDB());
+  add("a");
   EXPECT_FALSE(list.boolSavePlayListToPLDB());
   EXPECT_EQ(contentOf(path), content);
   EXPECT_EQ(folder.fileCount(), 1u);

@@ -94,7 +94,7 @@ class PrepareDatabaseTest : public testing::Test {
     EXPECT_EQ(log.infos.size() + log.errors.size(), 1u);
   }
 
-  TestFolder folder;
+  TempFolder folder;
   const std::string path = folder.file("SysConfig");
   RecordingLog log;
   VirtualTime time;
@@ -159,6 +159,26 @@ TEST_F(PrepareDatabaseTest, AMissingColumnIsAddedAndTheRowsStay) {
   EXPECT_EQ(prepare(), DatabaseState::ready);
   EXPECT_TRUE(list.boolGetPlayListFromPLDB());
   EXPECT_EQ(list.lngListCount(), 3);
+}
+
+TEST_F(PrepareDatabaseTest, ASettingsColumnThatIsAddedReadsAsTheDefault) {
+  for (const char* column :
+       {"recycle_play", "volume_value", "play_ruler", "screen_saver", "scr_sav_proc_name",
+        "screen_saver_delay_minute", "popu_main_face_for_err", "play_next_item_on_err",
+        "save_play_list", "current_play_position", "current_play_item_len"}) {
+    prepare();
+    runSql(path, "insert into sys values (3, 30, 2, 0, ' ', 5, 0, 0, 1, 0, 100)");
+    runSql(path, std::string("alter table sys drop column ") + column);
+    EXPECT_EQ(prepare(), DatabaseState::ready) << column;
+    EXPECT_EQ(runSql(path,
+                     "select recycle_play, volume_value, play_ruler, screen_saver,"
+                     " scr_sav_proc_name, screen_saver_delay_minute, popu_main_face_for_err,"
+                     " play_next_item_on_err, save_play_list, current_play_position,"
+                     " current_play_item_len from sys"),
+              std::vector<std::string>{"3|30|2|0| |5|0|0|1|0|100"})
+        << column;
+    std::filesystem::remove(toFilePath(path));
+  }
 }
 
 TEST_F(PrepareDatabaseTest, TablesAreRecognisedWithoutRegardToCase) {

@@ -53,6 +53,39 @@ TEST_F(SysConfigTest, AnEmptyTableLeavesWhatWasSetBefore) {
   EXPECT_EQ(config.intVolumeValue(), 77);
 }
 
+TEST_F(SysConfigTest, SettingsThatCouldNotBeReadStayExceptWhatWasChangedSince) {
+  store("volume_value", "77");
+  const std::string before = stored();
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    EXPECT_FALSE(config.boolGetData());
+    EXPECT_NE(config.strReport().find("another program holds the file"), std::string::npos);
+  }
+  EXPECT_TRUE(config.boolSaveData());
+  EXPECT_EQ(stored(), before);
+
+  SysConfig changed;
+  changed.strDBFilePath(path);
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    EXPECT_FALSE(changed.boolGetData());
+  }
+  changed.intVolumeValue(12);
+  EXPECT_TRUE(changed.boolSaveData());
+  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11|99");
+}
+
+TEST_F(SysConfigTest, SettingsThatWereReadAreWrittenAsTheyAre) {
+  store("volume_value", "77");
+  EXPECT_TRUE(config.boolGetData());
+  EXPECT_EQ(config.strReport(), "");
+  config.intVolumeValue(30);
+  EXPECT_TRUE(config.boolSaveData());
+  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|1|11|99");
+}
+
 TEST_F(SysConfigTest, TheFirstSaveAppendsTheRow) {
   EXPECT_TRUE(config.boolSaveData());
   EXPECT_EQ(runSql(path, "select * from sys").size(), 1u);
