@@ -11,9 +11,9 @@ namespace tessivo {
 std::filesystem::path toFilePath(const std::string& path) {
 #ifdef _WIN32
   const auto utf16 = toUtf16(path);
-  return std::filesystem::path(std::wstring(utf16.begin(), utf16.end()));
+  return {std::wstring(utf16.begin(), utf16.end())};
 #else
-  return std::filesystem::path(path);
+  return {path};
 #endif
 }
 
@@ -27,7 +27,7 @@ bool isAccessFile(const std::string& path) {
 
 std::string freeNameBeside(const std::string& path, const std::string& suffix) {
   for (int number = 1;; ++number) {
-    const auto name = path + suffix + std::to_string(number);
+    auto name = path + suffix + std::to_string(number);
     std::error_code error;
     if (!std::filesystem::exists(toFilePath(name), error)) return name;
   }

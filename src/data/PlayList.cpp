@@ -55,7 +55,7 @@ MoviePtr PlayList::objGetNextPalyItem(bool recycle, MoviePtr& previous, std::int
     code = kEndReached;
     return nullptr;
   }
-  const auto chosen = following ? *following : items_.at(0);
+  auto chosen = following ? *following : items_.at(0);
   moveFirstPlayMark(chosen);
   return chosen;
 }
@@ -69,7 +69,7 @@ MoviePtr PlayList::objGetPreviousPalyItem(bool recycle, MoviePtr& previous, std:
     code = kStartReached;
     return nullptr;
   }
-  const auto chosen = preceding ? *preceding : items_.at(items_.size() - 1);
+  auto chosen = preceding ? *preceding : items_.at(items_.size() - 1);
   moveFirstPlayMark(chosen);
   return chosen;
 }

@@ -11,8 +11,8 @@ namespace {
 
 std::string decimal(double number) {
   char text[32];
-  const auto end = std::to_chars(text, text + sizeof text, number).ptr;
-  return std::string(text, end);
+  auto* const end = std::to_chars(text, text + sizeof text, number).ptr;
+  return {text, end};
 }
 
 std::optional<double> parsed(std::string_view text) {

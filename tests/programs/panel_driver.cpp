@@ -103,10 +103,20 @@ void printWindow(const char* name, HWND window) {
               IsWindowVisible(window) ? "visible" : "hidden");
 }
 
+/// Which of the two windows is in front, by the system's own order.
+void printOrder(HWND panel, HWND screen) {
+  HWND above = GetTopWindow(nullptr);
+  while (above && above != panel && above != screen) above = GetWindow(above, GW_HWNDNEXT);
+  std::printf("in-front %s\n", above == panel ? "panel" : "screen");
+}
+
 void show() {
   const Panel panel;
   printWindow("panel", panel.window());
-  if (const HWND screen = FindWindowW(nullptr, kScreenTitle)) printWindow("screen", screen);
+  if (const HWND screen = FindWindowW(nullptr, kScreenTitle)) {
+    printWindow("screen", screen);
+    printOrder(panel.window(), screen);
+  }
   const char* const labels[] = {"state",        "position", "seconds", "length",
                                 "volume-label", "count",    "note"};
   for (std::size_t i = 0; i < std::size(labels); ++i) {

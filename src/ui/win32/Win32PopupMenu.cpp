@@ -47,18 +47,23 @@ bool holds(const MenuItem& menu, const MenuItem* wanted) {
   return false;
 }
 
-/// A window that nobody sees, to own a menu whose form is to stay where it is.
+/// A window that nobody sees, to own a menu whose form is to stay where it is. Gives the foreground
+/// back to the window that had it.
 class HiddenOwner {
  public:
   HiddenOwner()
       : window_(CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr,
                                 nullptr, GetModuleHandleW(nullptr), nullptr)) {}
-  ~HiddenOwner() { DestroyWindow(window_); }
+  ~HiddenOwner() {
+    if (GetForegroundWindow() == window_) SetForegroundWindow(before_);
+    DestroyWindow(window_);
+  }
   HiddenOwner(const HiddenOwner&) = delete;
   HiddenOwner& operator=(const HiddenOwner&) = delete;
   HWND window() const { return window_; }
 
  private:
+  HWND before_ = GetForegroundWindow();
   HWND window_;
 };
 

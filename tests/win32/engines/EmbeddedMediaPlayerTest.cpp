@@ -263,6 +263,19 @@ TEST_F(MediaFoundationOnDesktop, AnAbandonedAttemptRaisesNothing) {
   EXPECT_TRUE(showsBlack());
 }
 
+TEST_F(MediaFoundationOnDesktop, NoCallKeepsTheUserInterfaceWaiting) {
+  EXPECT_LT(timeOf([&] { player->setUrl(media("film.mp4")); }), 100U);
+  EXPECT_LT(timeOf([&] { player->play(); }), 100U);
+  ASSERT_TRUE(waitForPosition(0.2, 2));
+  EXPECT_LT(timeOf([&] { player->setCurrentPosition(2); }), 100U);
+  ASSERT_TRUE(waitForPosition(2.2, 4));
+  EXPECT_LT(timeOf([&] { player->setVolume(50); }), 100U);
+  EXPECT_LT(timeOf([&] { player->pause(); }), 100U);
+  ASSERT_TRUE(waitForTrace("state 2"));
+  EXPECT_LT(timeOf([&] { player->stop(); }), 100U);
+  EXPECT_LT(timeOf([&] { player->setUrl(media("film.avi")); }), 100U);
+}
+
 TEST_F(MediaFoundationOnDesktop, MayBeDestroyedByAListener) {
   player->playStateChange.listen([this](MediaPlayState) { player.reset(); });
   player->setUrl(media("film.mp4"));

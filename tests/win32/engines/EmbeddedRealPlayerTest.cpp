@@ -275,6 +275,19 @@ TEST_F(DirectShowOnDesktop, AnAbandonedAttemptRaisesNothingButItsStop) {
   EXPECT_TRUE(positions.empty());
 }
 
+TEST_F(DirectShowOnDesktop, NoCallKeepsTheUserInterfaceWaiting) {
+  EXPECT_LT(timeOf([&] { player->setSource(media("film.mp4")); }), 100U);
+  EXPECT_LT(timeOf([&] { player->play(); }), 100U);
+  ASSERT_TRUE(waitForPosition(200, 2000));
+  EXPECT_LT(timeOf([&] { player->setPositionMs(2000); }), 100U);
+  ASSERT_TRUE(waitForPosition(2200, 4000));
+  EXPECT_LT(timeOf([&] { player->setVolume(50); }), 100U);
+  EXPECT_LT(timeOf([&] { player->pause(); }), 100U);
+  ASSERT_TRUE(waitForTrace("3->4"));
+  EXPECT_LT(timeOf([&] { player->stop(); }), 100U);
+  EXPECT_LT(timeOf([&] { player->setSource(media("film.avi")); }), 100U);
+}
+
 TEST_F(DirectShowOnDesktop, MayBeDestroyedByAListener) {
   player->positionChange.listen([this](std::int32_t, std::int32_t) { player.reset(); });
   player->setSource(media("film.mp4"));

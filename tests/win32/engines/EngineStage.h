@@ -65,6 +65,13 @@ class EngineStage : public testing::Test {
     waitFor([] { return false; }, ms);
   }
 
+  /// How long a call keeps the user interface waiting, in milliseconds.
+  static ULONGLONG timeOf(const std::function<void()>& call) {
+    const ULONGLONG start = GetTickCount64();
+    call();
+    return GetTickCount64() - start;
+  }
+
   bool waitForTrace(const std::string& event) {
     return waitFor([&] { return std::find(trace.begin(), trace.end(), event) != trace.end(); });
   }
