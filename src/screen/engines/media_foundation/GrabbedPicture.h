@@ -19,6 +19,7 @@ namespace tessivo {
 /// Video drawn by ourselves, frame by frame as the session hands it out: for Wine, whose Enhanced
 /// Video Renderer shows nothing in a child window. A COM object, because the session calls it on
 /// a thread of its own for each frame that is due.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): deleted by its own Release
 class GrabbedPicture final : public IMFSampleGrabberSinkCallback {
  public:
   /// For the video stream; empty when the system refuses. `picture` is told to paint itself with
