@@ -14,13 +14,11 @@ class FileLogTest : public testing::Test {
  protected:
   void SetUp() override { time.setDate({2026, 1, 31, 86'399'123}); }
 
-  static std::string textOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
+  static std::string textOf(const std::string& path) {
+    std::ifstream file(toFilePath(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  std::string path() const {
-    return (std::filesystem::path(folder.path()) / "Tessivo.log").string();
-  }
+  std::string path() const { return folder.file("Tessivo.log"); }
 
   TempFolder folder;
   VirtualTime time;
