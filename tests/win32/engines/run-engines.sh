@@ -14,10 +14,21 @@ desktop_start single
 sound_start
 export TESSIVO_TEST_MEDIA="Z:${media//\//\\}"
 
+# Wine 8's media source crashes once in a great while when it is shut down (see docs/testing.md). A
+# crash, the low byte of an access violation, is said and the suite run once more; a test that fails
+# is never repeated.
+readonly crashed=5
+run() {
+  local status=0
+  "$root/tools/wine-run" --name engines "$program" --gtest_brief=1 --gtest_filter="$1" || status=$?
+  if ((status != crashed)); then return "$status"; fi
+  echo "NOTE: $1 crashed and is run once more"
+  "$root/tools/wine-run" --name engines "$program" --gtest_brief=1 --gtest_filter="$1"
+}
+
 failed=0
 for filter in "${2:-*MediaFoundation*OnDesktop.*}" "${2:-*DirectShow*OnDesktop.*}"; do
-  "$root/tools/wine-run" --name engines "$program" --gtest_brief=1 --gtest_filter="$filter" ||
-    failed=1
+  run "$filter" || failed=1
   [[ $# -lt 2 ]] || break
 done
 exit "$failed"
