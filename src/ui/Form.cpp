@@ -11,9 +11,10 @@ constexpr std::int32_t kModelFrame = 4;
 constexpr std::int32_t kModelCaption = 22;
 
 void detach(Container& container) {
-  for (Control* child : container.children()) {
-    if (auto* inner = dynamic_cast<Container*>(child)) detach(*inner);
-    child->detachPeer();
+  for (Control* entry : container.children()) {
+    Control& child = *entry;
+    if (auto* inner = dynamic_cast<Container*>(&child)) detach(*inner);
+    child.detachPeer();
   }
 }
 
