@@ -19,9 +19,9 @@ namespace tessivo {
 /// back to the other, and turns their notifications into progress, end and error. It has no window:
 /// the playback window (`frmScreen`) owns the one instance and forwards to it.
 ///
-/// Rule of the game: no engine is started, stopped or switched from inside its own notification,
-/// and no owner's handler runs inside the call that caused it. Each hop is a one-shot 1 ms timer,
-/// that is, it happens on the next turn of the message loop.
+/// Rule of the game: no engine is started and no failure handled from inside a notification or the
+/// call that caused it. Each hop is a one-shot 1 ms timer, that is, it happens on the next turn of
+/// the message loop. The end of a file alone is handled inside its notification.
 class Playback {
  public:
   Playback(TimerService& timers, const Files& files, Log& log);
