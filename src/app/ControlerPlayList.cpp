@@ -1,17 +1,9 @@
 // The controller's operations on the playlist.
 #include "app/Controler.h"
+#include "base/Quotes.h"
 #include "base/Text.h"
 
 namespace tessivo {
-namespace {
-
-/// Starters put quotes around a path with blanks; they are not part of it.
-std::string_view unquoted(std::string_view path) {
-  const bool quoted = path.size() > 2 && path.front() == '"' && path.back() == '"';
-  return quoted ? path.substr(1, path.size() - 2) : path;
-}
-
-}  // namespace
 
 bool Controler::isAcceptable(const std::string& path) const {
   return containsNoCase(path, "http") || services_.files.fileExists(path);

@@ -1,5 +1,6 @@
 #include "screen/Playback.h"
 
+#include "base/Quotes.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "screen/PlayMessages.h"
@@ -10,13 +11,6 @@ namespace {
 constexpr int kNextTurnMs = 1;
 constexpr int kEarlyStopMs = 1500;
 constexpr int kProgressMs = 1000;
-
-std::string withoutQuotes(const std::string& path) {
-  if (path.size() > 2 && path.front() == '"' && path.back() == '"') {
-    return path.substr(1, path.size() - 2);
-  }
-  return path;
-}
 
 }  // namespace
 
@@ -86,7 +80,7 @@ void Playback::strFilePath(const std::string& path) {
   if (!wmpPlayer_) return;
   lightReset();
   if (realPlayer_->canStop()) stopExpected_ = true;
-  const std::string plain = withoutQuotes(path);
+  const std::string plain(unquoted(path));
   wmpPlayer_->setUrl(plain);
   realPlayer_->setSource(plain);
 }
