@@ -1,11 +1,14 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "fakes/Trace.h"
+#include "platform/DesktopWindows.h"
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
 #include "platform/Pointer.h"
@@ -20,6 +23,39 @@ struct FakeFiles : Files {
 struct FakePointer : Pointer {
   Point position() const override { return at; }
   Point at;
+};
+
+/// A desktop of windows by handle.
+struct FakeDesktopWindows : DesktopWindows {
+  struct Window {
+    WindowHandle parent = 0;
+    std::string windowClass;
+    std::string title;
+    bool ours = true;
+  };
+  const Window& at(WindowHandle window) const {
+    static const Window none{0, "", "", false};
+    const auto found = windows.find(window);
+    return found == windows.end() ? none : found->second;
+  }
+  WindowHandle under(Point screen) const override {
+    lastPoint = screen;
+    return underPoint;
+  }
+  WindowHandle parentOf(WindowHandle window) const override { return at(window).parent; }
+  std::string classOf(WindowHandle window) const override { return at(window).windowClass; }
+  std::string titleOf(WindowHandle window) const override { return at(window).title; }
+  bool isOurs(WindowHandle window) const override { return at(window).ours; }
+  Point toScreen(WindowHandle, Point client) const override {
+    return {origin.x + client.x, origin.y + client.y};
+  }
+  void postClose(WindowHandle window) const override { closed.push_back(window); }
+
+  std::map<WindowHandle, Window> windows;
+  WindowHandle underPoint = 0;  ///< the window under every point
+  Point origin;                 ///< where every client area begins
+  mutable Point lastPoint;
+  mutable std::vector<WindowHandle> closed;
 };
 
 struct FakeMessageLoop : MessageLoop {
