@@ -1,0 +1,99 @@
+#pragma once
+
+#include <ocidl.h>
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/Geometry.h"
+#include "platform/Log.h"
+#include "platform/win32/ComPtr.h"
+#include "screen/engines/control/Variant.h"
+#include "screen/engines/embedded/EngineWindow.h"
+
+namespace tessivo {
+
+class ControlEvents;
+class ControlSite;
+
+/// Hosts one installed control (an in-place active OLE object) in a child window of its own, and
+/// hands its events on from the message loop: also those that the control fires inside a call of
+/// one of its members. User-interface thread only, COM initialised as a single-threaded apartment.
+class ControlHost : private EngineWindow::Owner {
+ public:
+  /// An event's dispatch identifier and its arguments in the order of declaration. May destroy the
+  /// host.
+  using OnEvent = std::function<void(DISPID event, const std::vector<Variant>& arguments)>;
+  /// Names and values that the control reads when it is made (`IPersistPropertyBag`).
+  using Properties = std::vector<std::pair<std::wstring, std::wstring>>;
+
+  struct Setup {
+    std::string name;  ///< for the log
+    CLSID control{};
+    Properties properties;
+    OnEvent onEvent;
+  };
+
+  /// `log` gets a line when the control cannot be made.
+  ControlHost(HWND parent, Setup setup, Log& log);
+  ~ControlHost() override;
+  ControlHost(const ControlHost&) = delete;
+  ControlHost& operator=(const ControlHost&) = delete;
+
+  /// Whether the control was made and activated.
+  bool created() const { return static_cast<bool>(object_); }
+  const std::string& name() const { return setup_.name; }
+  /// Null when it was not made.
+  IUnknown* control() const { return object_.get(); }
+
+  /// The child window that holds the control; made also when the control is not there.
+  HWND handle() const { return window_.handle(); }
+  bool visible() const { return window_.visible(); }
+  void setVisible(bool visible) { window_.setVisible(visible); }
+  void move(const Rect& pixels) { window_.move(pixels); }
+
+  /// Hands on as if the control had fired it: from the message loop, behind what waits already.
+  void announce(DISPID event, std::vector<Variant> arguments = {});
+  /// Drops the events that wait to be handed on: they speak of what has been given up.
+  void dropWaitingEvents() { waiting_.clear(); }
+
+  /// The description of the control's default events; empty when the control gives none.
+  ComPtr<ITypeInfo> eventInfo() const;
+
+ private:
+  struct Event {
+    DISPID id;
+    std::vector<Variant> arguments;
+  };
+
+  HRESULT create();
+  HRESULT initialise();
+  HRESULT activate();
+  void connect();
+  void close();
+
+  void onMouse(EngineWindow::Gesture, MouseButton, bool) override {}
+  void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
+  void onResized() override;
+  void onTimer() override {}
+
+  Setup setup_;
+  Log& log_;
+  EngineWindow window_;
+  std::deque<Event> waiting_;
+  ComPtr<ControlSite> site_;
+  ComPtr<ControlEvents> events_;
+  ComPtr<IOleObject> object_;
+  ComPtr<IConnectionPoint> connection_;
+  DWORD cookie_ = 0;
+};
+
+/// Whether the control can be made here: its class is registered and its library loads.
+bool canCreateControl(const CLSID& control);
+
+}  // namespace tessivo
