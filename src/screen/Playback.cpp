@@ -57,7 +57,7 @@ void Playback::listenToEngines() {
     timMediaErrDelay.setEnabled(true);
   }));
   connections_.push_back(realPlayer_->playStateChange.connect(
-      [this](RealPlayState, RealPlayState now) { realStateChanged(now); }));
+      [this](RealPlayState before, RealPlayState now) { realStateChanged(before, now); }));
   connections_.push_back(
       realPlayer_->errorMessage.connect([this] { timRealErrDelay.setEnabled(true); }));
   connections_.push_back(
@@ -68,7 +68,6 @@ void Playback::listenToEngines() {
 
 void Playback::lngPlayRuler(std::int32_t rule) {
   rule_ = rule;
-  stopExpected_ = true;
   reset();
 }
 
@@ -110,7 +109,6 @@ void Playback::pause() {
 
 void Playback::stopPlay() {
   if (state_ == playState::kStopped || state_ == playState::kStarting) return;
-  stopExpected_ = true;
   reset();
 }
 
@@ -157,11 +155,8 @@ std::int32_t Playback::lngFileLength() const {
 void Playback::reset() {
   if (!wmpPlayer_) return;
   stopMediaPlayer();
-  if (realPlayer_->canStop()) {
-    realPlayer_->stop();
-  } else {
-    stopExpected_ = false;
-  }
+  stopExpected_ = realPlayer_->canStop();
+  if (stopExpected_) realPlayer_->stop();
   positionCleared.raise();
   cancelHops();
   clearState();

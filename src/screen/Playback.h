@@ -103,7 +103,8 @@ class Playback {
   void handleMediaError();
   void handleRealError();
   void mediaStateChanged(MediaPlayState state);
-  void realStateChanged(RealPlayState state);
+  void realStateChanged(RealPlayState before, RealPlayState now);
+  bool isOfThisItem(RealPlayState stoppedFrom) const;
   void reportMediaProgress();
   void reportRealProgress(std::int32_t positionMs, std::int32_t lengthMs);
 

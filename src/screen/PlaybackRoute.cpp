@@ -43,7 +43,7 @@ void Playback::listenToTimers() {
 
 void Playback::startMediaPlayer() {
   if (!usesMediaPlayer(rule_)) return;
-  if (rule_ == playRule::kPreferReal) {
+  if (rule_ == playRule::kPreferReal && !mediaPlayerIsCurrent()) {
     show(Engine::mediaPlayer);
     // Starting RealPlayer gave it its path anew, which made it forget where to start.
     if (seekOnStart_) wmpPlayer_->setCurrentPosition(position_);
@@ -58,6 +58,7 @@ void Playback::startRealPlayer() {
   // An engine that is not active owes no stopped notification any more; a flag left over would
   // swallow the failure or the end of this file.
   if (!realPlayer_->canStop()) stopExpected_ = false;
+  timRealPopuWinErrCheck.setEnabled(false);  // one left from an earlier start would close too soon
   timRealPopuWinErrCheck.setEnabled(true);
   realPlayer_->play();
 }
@@ -95,17 +96,19 @@ void Playback::mediaStateChanged(MediaPlayState state) {
   }
 }
 
-void Playback::realStateChanged(RealPlayState state) {
-  if (state == RealPlayState::playing) {
+void Playback::realStateChanged(RealPlayState before, RealPlayState now) {
+  if (now == RealPlayState::playing) {
     notePlaying();
     if (const auto ms = roundedToInt32(position_ * 1000.0); seekOnStart_ && ms) {
       realPlayer_->setPositionMs(*ms);
     }
     seekOnStart_ = false;  // a later resume goes on where it paused
     realPlayer_->setMute(mute_);
-  } else if (state == RealPlayState::stopped) {
+  } else if (now == RealPlayState::stopped) {
     if (stopExpected_) {
       stopExpected_ = false;  // one ordered stop, one notification
+    } else if (!isOfThisItem(before)) {
+      return;
     } else if (timRealPopuWinErrCheck.enabled()) {
       timRealPopuWinErrCheck.setEnabled(false);
       timRealErrDelay.setEnabled(true);
@@ -115,6 +118,17 @@ void Playback::realStateChanged(RealPlayState state) {
       PlayOver.raise();
     }
   }
+}
+
+/// RealPlayer may send the notification of an ordered stop when it has long answered that it is not
+/// active, even when the next item starts. What it stopped from tells whose it is.
+bool Playback::isOfThisItem(RealPlayState stoppedFrom) const {
+  if (state_ == playState::kStopped || mediaPlayerIsCurrent()) return false;
+  const bool startsAfresh = state_ == playState::kStarting && seekOnStart_;
+  if (!startsAfresh) return true;
+  const bool toldToPlay = !timRealPlayDelay.enabled();
+  return toldToPlay && stoppedFrom != RealPlayState::playing &&
+         stoppedFrom != RealPlayState::paused;
 }
 
 }  // namespace tessivo

@@ -60,6 +60,21 @@ TEST_F(PlaybackRouteTest, TheFallbackOfPreferRealStartsAtTheRequestedPosition) {
   EXPECT_EQ(trace.take(), "wmp show | real hide | wmp position 65 | wmp play");
 }
 
+TEST_F(PlaybackRouteTest, ResumingAfterTheFallbackGoesOnWhereItPaused) {
+  order(playRule::kPreferReal);
+  real().errorMessage.raise();
+  turn();
+  turn();
+  wmp().notify(MediaPlayState::playing);
+  wmp().position = 60;
+  screen.pause();
+  ASSERT_TRUE(screen.play());
+  trace.take();
+  turn();
+  EXPECT_EQ(trace.take(), "wmp play");
+  EXPECT_EQ(wmp().position, 60);
+}
+
 TEST_F(PlaybackRouteTest, ANewPathDropsAPendingStartOfMediaPlayer) {
   screen.lngPlayRuler(playRule::kMediaOnly);
   screen.strFilePath("C:\\a.avi");

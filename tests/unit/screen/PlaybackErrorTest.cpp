@@ -1,0 +1,156 @@
+#include "unit/screen/ScreenFixture.h"
+
+namespace tessivo {
+namespace {
+
+/// Errors and reports that come when nothing asked for them, and the rule that knows no engine.
+class PlaybackErrorTest : public ScreenFixture {
+ protected:
+  void useRule(std::int32_t rule) {
+    screen.lngPlayRuler(rule);
+    screen.strFilePath("C:\\a.avi");
+    trace.take();
+  }
+};
+
+TEST_F(PlaybackErrorTest, UnderAnUnknownRuleAStartStaysPending) {
+  useRule(7);
+  EXPECT_TRUE(screen.play());
+  time.advance(5000);
+  screen.stopPlay();
+  screen.pause();
+  EXPECT_FALSE(screen.play());
+  time.advance(5000);
+  EXPECT_EQ(trace.take(), "");
+  EXPECT_EQ(screen.lngState(), playState::kStarting);
+}
+
+TEST_F(PlaybackErrorTest, UnderAnUnknownRuleFailuresChangeNothing) {
+  useRule(-1);
+  ASSERT_TRUE(screen.play());
+  wmp().mediaError.raise();
+  real().errorMessage.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "wmp clear errors");
+  EXPECT_EQ(screen.lngState(), playState::kStarting);
+}
+
+TEST_F(PlaybackErrorTest, AKnownRuleEndsTheStartThatAnUnknownOneLeftPending) {
+  useRule(7);
+  ASSERT_TRUE(screen.play());
+  screen.lngPlayRuler(playRule::kRealOnly);
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
+  EXPECT_TRUE(screen.play());
+}
+
+TEST_F(PlaybackErrorTest, ANewPathEndsTheStartThatAnUnknownRuleLeftPending) {
+  useRule(7);
+  ASSERT_TRUE(screen.play());
+  screen.strFilePath("C:\\b.avi");
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
+}
+
+TEST_F(PlaybackErrorTest, TwoMediaErrorsInARowAreOneFailure) {
+  useRule(playRule::kMediaOnly);
+  ASSERT_TRUE(screen.play());
+  time.advance(1);
+  wmp().mediaError.raise();
+  wmp().mediaError.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp play | wmp clear errors | wmp clear errors | wmp stop | wmp position 0 | "
+            "PlayErr Media Play无法播放该文件,请通过播放器选择列表使用Real Player重新尝试播放.");
+}
+
+TEST_F(PlaybackErrorTest, AnErrorMessageAndAnEarlyStopTogetherAreOneFailure) {
+  useRule(playRule::kRealOnly);
+  ASSERT_TRUE(screen.play());
+  time.advance(1);
+  real().notify(RealPlayState::contacting);
+  trace.take();
+  real().errorMessage.raise();
+  real().notify(RealPlayState::stopped);
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | "
+            "PlayErr Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.");
+}
+
+TEST_F(PlaybackErrorTest, ASecondReasonReplacesTheOneThatIsPending) {
+  screen.strFilePath("C:\\gone.avi");
+  EXPECT_FALSE(screen.play());
+  screen.strFilePath("");
+  EXPECT_FALSE(screen.play());
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "PlayErr 播放路径为空.");
+}
+
+TEST_F(PlaybackErrorTest, AFailureReplacesThePendingReasonOfARefusedPlay) {
+  useRule(playRule::kRealOnly);
+  ASSERT_TRUE(screen.play());
+  time.advance(1);
+  real().errorMessage.raise();
+  files.existing.clear();
+  EXPECT_FALSE(screen.play());
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | "
+            "PlayErr Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.");
+}
+
+TEST_F(PlaybackErrorTest, AnErrorOfRealPlayerWhileStoppedIsReported) {
+  useRule(playRule::kRealOnly);
+  real().errorMessage.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | "
+            "PlayErr Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.");
+}
+
+TEST_F(PlaybackErrorTest, AnErrorOfMediaPlayerWhileStoppedIsReported) {
+  useRule(playRule::kMediaOnly);
+  wmp().mediaError.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp clear errors | wmp stop | wmp position 0 | "
+            "PlayErr Media Play无法播放该文件,请通过播放器选择列表使用Real Player重新尝试播放.");
+}
+
+TEST_F(PlaybackErrorTest, AnErrorWhileStoppedTakesTheRouteOfThePreferRule) {
+  useRule(playRule::kPreferReal);
+  real().errorMessage.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "wmp show | real hide | wmp play");
+  useRule(playRule::kPreferMedia);
+  wmp().mediaError.raise();
+  time.advance(10);
+  EXPECT_EQ(trace.take(),
+            "wmp clear errors | wmp url C:\\a.avi | real show | wmp hide | real play");
+}
+
+TEST_F(PlaybackErrorTest, APositionBeforeTheStartIsReportedAsItComes) {
+  real().positionChange.raise(-65500, 200000);
+  EXPECT_EQ(trace.take(), "JinDu -33% -65=00:-01:-05 of 200=00:03:20");
+}
+
+TEST_F(PlaybackErrorTest, APositionWithinTheSecondBeforeTheStartIsStillSecondZero) {
+  real().positionChange.raise(-999, 200000);
+  EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(PlaybackErrorTest, TheFarEndsOfPositionAndLengthAreReported) {
+  real().positionChange.raise(2147483647, 2147483647);
+  EXPECT_EQ(trace.take(), "JinDu 100% 2147483=596:31:23 of 2147483=596:31:23");
+  real().positionChange.raise(-2147483647 - 1, -2147483647 - 1);
+  EXPECT_EQ(trace.take(), "JinDu 100% -2147483=-596:-31:-23 of -2147483=-596:-31:-23");
+}
+
+TEST_F(PlaybackErrorTest, APercentageThatDoesNotFitIsZero) {
+  real().positionChange.raise(2147483647, 1);
+  EXPECT_EQ(trace.take(), "JinDu 0% 2147483=596:31:23 of 0=00:00:00");
+}
+
+}  // namespace
+}  // namespace tessivo
