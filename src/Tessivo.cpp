@@ -17,10 +17,12 @@
 #include "platform/FileLog.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32Clock.h"
+#include "platform/win32/Win32DesktopWindows.h"
 #include "platform/win32/Win32Displays.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32ThreadTimers.h"
 #include "platform/win32/Win32TimerService.h"
 #include "platform/win32/WindowsText.h"
 #include "screen/engines/embedded/EmbeddedEngineFactory.h"
@@ -86,17 +88,20 @@ int runProgram() {
 
   const Win32Displays displays;
   const Win32Files files;
-  const Win32Pointer pointer;
+  const Win32DesktopWindows windows;
+  Win32Pointer pointer;
   Win32MessageLoop loop;
   loop.setFilter([](MSG& message) { return ui::Win32Toolkit::translate(message); });
   Win32TimerService timers(*log);
+  Win32ThreadTimers threadTimers(*log);
+  MTimer timerRegistry(threadTimers);
   ui::Win32Toolkit toolkit(displays.twipsPerPixel(), *log);
   EmbeddedEngineFactory engines(*log);
 
   AimMonitor aimMonitor(displays);
   MovieKeys keys(clock);
   PlayList playList(keys);
-  Controler controler({keys, files, displays, pointer, loop, *log});
+  Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry});
   frmScreen screen({toolkit, timers, displays, files, *log, engines});
   frmMain panel(toolkit, displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,

@@ -7,6 +7,7 @@
 namespace tessivo {
 namespace {
 
+constexpr std::int32_t kSecondsBeforeMouseHides = 5;
 constexpr int kEngineSettleMs = 200;
 constexpr int kSaveAttempts = 10;
 constexpr int kSaveAgainMs = 100;
@@ -36,6 +37,16 @@ void Controler::setInitializePram(const std::string& databasePath, const std::st
   if (!config_.boolGetData() && !config_.strReport().empty()) {
     services_.log.error("settings not read: " + config_.strReport());
   }
+  startMouseHiding();
+}
+
+void Controler::startMouseHiding() {
+  m_objMouseHideShow_ = std::make_unique<MouseHideShow>(
+      MouseHideServices{services_.clock, services_.pointer, services_.windows, services_.timers});
+  m_objMouseHideShow_->tellMePlayArea.listen(
+      [this](PlayArea& area) { m_objMouseHideShow_tellMePlayArea(area); });
+  m_objMouseHideShow_->lngBeforeHideMouseSecondNum(kSecondsBeforeMouseHides);
+  m_objMouseHideShow_->boolEnabled(true);
 }
 
 void Controler::setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList) {
@@ -71,6 +82,7 @@ void Controler::exitSys() {
   exiting_ = true;
   saveResumePoint();
   takeFormsDown();
+  m_objMouseHideShow_.reset();  // shows the pointer
   saveAll();
   services_.log.info("stop");
   services_.loop.quit();
@@ -220,6 +232,13 @@ void Controler::frmScreen_DbClickPlayer(bool boolMaxSize) {
   if (!monitor) return;
   screen_->setMaximum({monitor->Left(), monitor->Top(), monitor->Width(), monitor->Height()});
   switchFullScreen(true);
+}
+
+void Controler::m_objMouseHideShow_tellMePlayArea(PlayArea& area) const {
+  if (!screen_) return;
+  const Rect window = screen_->windowRect();
+  area = {window.left,       window.top, window.width, window.height, screen_->boolMaxSize(),
+          screen_->caption()};
 }
 
 }  // namespace tessivo

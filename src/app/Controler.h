@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "platform/Log.h"
 #include "platform/MessageLoop.h"
 #include "platform/Pointer.h"
+#include "screen/MouseHideShow.h"
 #include "screen/frmScreen.h"
 
 namespace tessivo {
@@ -20,9 +22,12 @@ struct ControlerServices {
   MovieKeys& movieKeys;
   const Files& files;
   const Displays& displays;
-  const Pointer& pointer;
+  Pointer& pointer;
   MessageLoop& loop;
   Log& log;
+  const Clock& clock;
+  const DesktopWindows& windows;
+  MTimer& timers;
 };
 
 /// Directions of stepping.
@@ -40,7 +45,8 @@ class Controler {
   Controler(const Controler&) = delete;
   Controler& operator=(const Controler&) = delete;
 
-  /// The start sequence: loads the settings from the database.
+  /// The start sequence: loads the settings from the database and begins to hide the pointer over
+  /// the picture.
   void setInitializePram(const std::string& databasePath, const std::string& screenSaverFolder);
   /// The references, once the forms are there. From here on the controller hears the playback
   /// window's events.
@@ -96,9 +102,13 @@ class Controler {
   void frmScreen_ClickPlayer() { showMainFace(); }
   void frmScreen_DbClickPlayer(bool boolMaxSize);
 
+  /// The mouse hider's question: the playback window, while it is full screen.
+  void m_objMouseHideShow_tellMePlayArea(PlayArea& area) const;
+
  private:
   bool isAcceptable(const std::string& path) const;
   void listenToScreen();
+  void startMouseHiding();
   void startBatch(const Movie& first);
   void switchFullScreen(bool fullScreen);
   void saveResumePoint();
@@ -111,6 +121,7 @@ class Controler {
   frmScreen* screen_ = nullptr;
   PlayList* playList_ = nullptr;
   std::vector<Connection> connections_;
+  std::unique_ptr<MouseHideShow> m_objMouseHideShow_;
   Rect playArea_;
   bool exiting_ = false;
 };

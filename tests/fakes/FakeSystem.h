@@ -22,7 +22,16 @@ struct FakeFiles : Files {
 
 struct FakePointer : Pointer {
   Point position() const override { return at; }
+  int changeDisplayCount(bool show) override {
+    ++calls;
+    return stuck ? displayCount : displayCount += show ? 1 : -1;
+  }
+  bool seen() const { return displayCount >= 0; }
+
   Point at;
+  int displayCount = 0;
+  int calls = 0;       ///< of changeDisplayCount
+  bool stuck = false;  ///< the counter does not move
 };
 
 /// A desktop of windows by handle.

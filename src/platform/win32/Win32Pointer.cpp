@@ -10,4 +10,8 @@ Point Win32Pointer::position() const {
   return {point.x, point.y};
 }
 
+int Win32Pointer::changeDisplayCount(bool show) {
+  return ShowCursor(show);
+}
+
 }  // namespace tessivo

@@ -8,6 +8,7 @@ namespace tessivo {
 class Win32Pointer : public Pointer {
  public:
   Point position() const override;
+  int changeDisplayCount(bool show) override;
 };
 
 }  // namespace tessivo

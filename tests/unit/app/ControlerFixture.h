@@ -3,6 +3,7 @@
 #include "app/Controler.h"
 #include "data/PrepareDatabase.h"
 #include "fakes/FakePanel.h"
+#include "fakes/FakeThreadTimers.h"
 #include "fakes/TempFolder.h"
 #include "unit/screen/ScreenFixture.h"
 
@@ -44,7 +45,10 @@ class ControlerFixture : public ScreenFixture {
   FakeMessageLoop loop{trace};
   PlayList playList{keys};
   FakePanel panel{trace};
-  Controler controler{{keys, files, displays, pointer, loop, log}};
+  FakeDesktopWindows windows;
+  FakeThreadTimers threadTimers{time};
+  MTimer timers{threadTimers};
+  Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers}};
 };
 
 }  // namespace tessivo

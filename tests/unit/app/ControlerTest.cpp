@@ -364,5 +364,85 @@ TEST_F(ControlerTest, ADatabaseThatComesFreeWhileLeavingIsSavedTo) {
   EXPECT_EQ(stored.intVolumeValue(), 61);
 }
 
+/// The pointer stands over the engine's window (2) in the playback window (1).
+class MouseHidingTest : public ControlerFixture {
+ protected:
+  void SetUp() override {
+    ControlerFixture::SetUp();
+    windows.windows = {{1, {0, "", screen.caption()}}, {2, {1, "", ""}}};
+    windows.underPoint = 2;
+    screen.setMaximum({1280, 0, 1920, 1080});
+    screen.boolMaxSize(true);
+    pointer.at = {2000, 500};
+    time.advance(300);  // the pointer's place is noted
+  }
+  PlayArea answer() {
+    PlayArea area{1, 2, 3, 4, true, "?"};
+    controler.m_objMouseHideShow_tellMePlayArea(area);
+    return area;
+  }
+};
+
+TEST_F(MouseHidingTest, ThePointerHidesAfterMoreThanFiveSecondsOverTheFullScreen) {
+  time.advance(4800);
+  EXPECT_TRUE(pointer.seen());
+  time.advance(600);
+  EXPECT_FALSE(pointer.seen());
+  pointer.at.x += 1;
+  time.advance(300);
+  EXPECT_TRUE(pointer.seen());
+}
+
+TEST_F(MouseHidingTest, ThePointerStaysOverAnotherMonitor) {
+  pointer.at = {640, 500};
+  time.advance(20000);
+  EXPECT_TRUE(pointer.seen());
+}
+
+TEST_F(MouseHidingTest, ThePointerStaysOverAPictureInAWindow) {
+  screen.boolMaxSize(false);
+  pointer.at = {200, 200};
+  time.advance(20000);
+  EXPECT_TRUE(pointer.seen());
+}
+
+TEST_F(MouseHidingTest, ThePlayAreaIsTheFullScreenWindowInPixels) {
+  const PlayArea area = answer();
+  EXPECT_EQ((Rect{area.lngLeft, area.lngTop, area.lngWidth, area.lngHeight}),
+            (Rect{1280, 0, 1920, 1080}));
+  EXPECT_TRUE(area.boolAreaValid);
+  EXPECT_EQ(area.strWinCaption, "Tessivo 播放窗口");
+}
+
+TEST_F(MouseHidingTest, ThePlayAreaDoesNotCountOutsideFullScreen) {
+  screen.boolMaxSize(false);
+  const PlayArea area = answer();
+  EXPECT_EQ((Rect{area.lngLeft, area.lngTop, area.lngWidth, area.lngHeight}), screen.windowRect());
+  EXPECT_FALSE(area.boolAreaValid);
+}
+
+TEST_F(MouseHidingTest, LeavingShowsThePointerWhenTheFormsHaveGone) {
+  time.advance(5400);
+  ASSERT_FALSE(pointer.seen());
+  bool seenBefore = true;
+  loop.whilePumping = [&] { seenBefore = pointer.seen(); };
+  controler.exitSys();
+  EXPECT_FALSE(seenBefore);
+  EXPECT_TRUE(pointer.seen());
+  EXPECT_TRUE(threadTimers.running.empty());
+}
+
+/// The settings are read, the windows not yet made.
+class StartWithoutForms : public ControlerFixture {
+ protected:
+  void SetUp() override { ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created); }
+};
+
+TEST_F(StartWithoutForms, ATickBeforeTheFormsAreThereHidesNothing) {
+  controler.setInitializePram(database, "");
+  time.advance(20000);
+  EXPECT_TRUE(pointer.seen());
+}
+
 }  // namespace
 }  // namespace tessivo
