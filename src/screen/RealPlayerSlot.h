@@ -55,7 +55,11 @@ class RealPlayerSlot {
   Signal<RealPlayState, RealPlayState> playStateChange;  ///< old state, new state
   Signal<> errorMessage;
   Signal<std::int32_t, std::int32_t> positionChange;  ///< position, length in milliseconds
+  /// Only an implementation that sees the mouse itself raises it.
   Signal<PictureMouse> pictureMouse;
+  /// The mouse is over the picture there, in pixels relative to the slot's window: raised by an
+  /// implementation whose picture window is found by looking under that point.
+  Signal<Point> mousePoint;
 };
 
 }  // namespace tessivo

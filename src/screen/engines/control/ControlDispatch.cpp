@@ -1,0 +1,42 @@
+#include "screen/engines/control/ControlDispatch.h"
+
+#include <utility>
+
+namespace tessivo {
+
+ControlDispatch::ControlDispatch(std::string name, IUnknown* control, Log& log)
+    : failures_(std::move(name), log), control_(ComPtr<IUnknown>(control).as<IDispatch>()) {}
+
+bool ControlDispatch::call(DISPID member, const std::vector<Variant>& arguments) {
+  // Last first, and borrowed: they stay the caller's.
+  std::vector<VARIANT> reversed;
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
+    reversed.push_back(**argument);
+  }
+  DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  return invoke(member, DISPATCH_METHOD, parameters, nullptr);
+}
+
+Variant ControlDispatch::get(DISPID member) {
+  DISPPARAMS none{};
+  Variant result;
+  // A library may declare a query as either.
+  if (!invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, none, result.get())) return {};
+  return result;
+}
+
+bool ControlDispatch::put(DISPID member, const Variant& value) {
+  VARIANT borrowed = *value;
+  DISPID named = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{&borrowed, &named, 1, 1};
+  return invoke(member, DISPATCH_PROPERTYPUT, parameters, nullptr);
+}
+
+bool ControlDispatch::invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result) {
+  if (!control_) return false;
+  const HRESULT outcome = control_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                           &parameters, result, nullptr, nullptr);
+  return failures_.succeeded(outcome, "member " + std::to_string(member));
+}
+
+}  // namespace tessivo
