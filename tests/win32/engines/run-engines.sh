@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the tests of the embedded engines: real media on a desktop and a sound server of their own.
+# Runs the tests of the engines: real media on a desktop and a sound server of their own.
 #
 #   run-engines.sh [win32_tests.exe [FILTER]]
 set -euo pipefail
@@ -27,7 +27,8 @@ run() {
 }
 
 failed=0
-for filter in "${2:-*MediaFoundation*OnDesktop.*}" "${2:-*DirectShow*OnDesktop.*}"; do
+for filter in "${2:-*MediaFoundation*OnDesktop.*}" "${2:-*DirectShow*OnDesktop.*}" \
+  "${2:-WindowsMediaPlayerOnDesktop.*}"; do
   run "$filter" || failed=1
   [[ $# -lt 2 ]] || break
 done

@@ -6,7 +6,8 @@ namespace tessivo {
 
 /// The interfaces that both window interfaces derive from are reached through the site's.
 void* ControlSite::find(REFIID id) {
-  if (id == __uuidof(IOleWindow)) return static_cast<IOleInPlaceSite*>(this);
+  if (id == __uuidof(IOleWindow)) return static_cast<IOleInPlaceSiteEx*>(this);
+  if (id == __uuidof(IOleInPlaceSite)) return static_cast<IOleInPlaceSiteEx*>(this);
   if (id == __uuidof(IOleInPlaceUIWindow)) return static_cast<IOleInPlaceFrame*>(this);
   return ComObject::find(id);
 }
@@ -36,6 +37,11 @@ HRESULT ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWin
   information->hwndFrame = GetAncestor(window_, GA_ROOT);
   information->haccel = nullptr;
   information->cAccelEntries = 0;
+  return S_OK;
+}
+
+HRESULT ControlSite::OnInPlaceActivateEx(BOOL* noRedraw, DWORD) {
+  if (noRedraw) *noRedraw = FALSE;
   return S_OK;
 }
 

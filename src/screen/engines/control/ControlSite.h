@@ -1,6 +1,7 @@
 #pragma once
 
 #include <oaidl.h>
+#include <ocidl.h>
 #include <oleidl.h>
 #include <windows.h>
 
@@ -11,7 +12,7 @@ namespace tessivo {
 /// What a hosted control sees of its container: a place in a window, without menus, status line or
 /// tool bars, that never lets the control take the keyboard away.
 class ControlSite final
-    : public ComObject<IOleClientSite, IOleInPlaceSite, IOleInPlaceFrame, IDispatch> {
+    : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleInPlaceFrame, IDispatch> {
  public:
   explicit ControlSite(HWND window) : window_(window) {}
 
@@ -44,6 +45,11 @@ class ControlSite final
   STDMETHODIMP DeactivateAndUndo() override { return E_NOTIMPL; }
   /// Kept in the window's whole area whatever the control asks for.
   STDMETHODIMP OnPosRectChange(const RECT*) override { return S_OK; }
+
+  // IOleInPlaceSiteEx
+  STDMETHODIMP OnInPlaceActivateEx(BOOL* noRedraw, DWORD) override;
+  STDMETHODIMP OnInPlaceDeactivateEx(BOOL) override { return S_OK; }
+  STDMETHODIMP RequestUIActivate() override { return S_FALSE; }
 
   // IOleInPlaceUIWindow
   STDMETHODIMP GetBorder(RECT*) override { return INPLACE_E_NOTOOLSPACE; }

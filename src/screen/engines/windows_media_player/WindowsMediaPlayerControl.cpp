@@ -2,12 +2,17 @@
 
 #include <wmpids.h>
 
+#include <cmath>
 #include <utility>
 
 #include "platform/win32/WindowsText.h"
+#include "screen/engines/embedded/RunsOnWine.h"
 
 namespace tessivo {
 namespace {
+
+/// A control that was sent to a position beforehand starts within this.
+constexpr double kNearSeconds = 1;
 
 constexpr char kName[] = "the Windows Media Player control";
 
@@ -24,13 +29,15 @@ Variant text(const std::string& utf8) {
 const CLSID kWindowsMediaPlayerControl = {
     0x6bf52a52, 0x394a, 0x11d3, {0xb1, 0x53, 0x00, 0xc0, 0x4f, 0x79, 0xfa, 0xa6}};
 
-WindowsMediaPlayerControl::WindowsMediaPlayerControl(HWND parent, Log& log)
+WindowsMediaPlayerControl::WindowsMediaPlayerControl(HWND parent, Log& log, const CLSID& control)
     : failures_(kName, log),
       host_(parent,
             {kName,
-             kWindowsMediaPlayerControl,
+             control,
              {},
-             [this](DISPID event, const auto& arguments) { onEvent(event, arguments); }},
+             [this](DISPID event, const std::vector<Variant>& arguments) {
+               onEvent(event, arguments);
+             }},
             log) {
   if (host_.created()) setUp();
 }
@@ -89,7 +96,15 @@ void WindowsMediaPlayerControl::setCurrentPosition(double seconds) {
   const MediaPlayState state = playState();
   const bool open = state == MediaPlayState::playing || state == MediaPlayState::paused;
   startAt_ = open ? 0 : seconds;
-  if (controls_) ok(controls_->put_currentPosition(seconds), "controls.currentPosition");
+  seek(seconds, open);
+}
+
+/// Wine's control never comes back from the next stop after it has sought in a film that plays, so
+/// that there is no seeking there.
+void WindowsMediaPlayerControl::seek(double seconds, bool open) {
+  if (!controls_) return;
+  const bool hangs = open && runsOnWine();
+  ok(hangs ? E_NOTIMPL : controls_->put_currentPosition(seconds), "seeking");
 }
 
 MediaPlayState WindowsMediaPlayerControl::playState() const {
@@ -169,9 +184,9 @@ void WindowsMediaPlayerControl::onEvent(DISPID event, const std::vector<Variant>
 void WindowsMediaPlayerControl::stateChanged(MediaPlayState state) {
   state_ = state;
   if (state == MediaPlayState::playing && startAt_ > 0) {
-    // A position set before the source was open may have been lost.
-    ok(controls_->put_currentPosition(startAt_), "controls.currentPosition");
-    startAt_ = 0;
+    // Set before the source was open, it may have been lost.
+    const double start = std::exchange(startAt_, 0);
+    if (std::abs(currentPosition() - start) > kNearSeconds) seek(start, true);
   }
   playStateChange.raise(state);
 }

@@ -25,9 +25,11 @@ extern const CLSID kWindowsMediaPlayerControl;
 class WindowsMediaPlayerControl final : public MediaPlayerSlot {
  public:
   /// `log` gets a line for each member that fails, the first time.
-  WindowsMediaPlayerControl(HWND parent, Log& log);
+  WindowsMediaPlayerControl(HWND parent, Log& log,
+                            const CLSID& control = kWindowsMediaPlayerControl);
 
   bool created() const { return player_.get() != nullptr; }
+  ControlHost& host() { return host_; }
 
   bool visible() const override { return host_.visible(); }
   void setVisible(bool visible) override { host_.setVisible(visible); }
@@ -59,6 +61,7 @@ class WindowsMediaPlayerControl final : public MediaPlayerSlot {
   void onEvent(DISPID event, const std::vector<Variant>& arguments);
   void stateChanged(MediaPlayState state);
   void failed();
+  void seek(double seconds, bool open);
   bool ok(HRESULT result, const char* member) const { return failures_.succeeded(result, member); }
 
   mutable MemberFailures failures_;
