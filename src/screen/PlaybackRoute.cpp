@@ -124,8 +124,7 @@ void Playback::realStateChanged(RealPlayState before, RealPlayState now) {
 /// active, even when the next item starts. What it stopped from tells whose it is.
 bool Playback::isOfThisItem(RealPlayState stoppedFrom) const {
   if (state_ == playState::kStopped || mediaPlayerIsCurrent()) return false;
-  const bool startsAfresh = state_ == playState::kStarting && seekOnStart_;
-  if (!startsAfresh) return true;
+  if (!seekOnStart_) return true;  // it played or plays
   const bool toldToPlay = !timRealPlayDelay.enabled();
   return toldToPlay && stoppedFrom != RealPlayState::playing &&
          stoppedFrom != RealPlayState::paused;

@@ -100,6 +100,25 @@ TEST_F(PlaybackErrorTest, AFailureReplacesThePendingReasonOfARefusedPlay) {
             "PlayErr Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.");
 }
 
+TEST_F(PlaybackErrorTest, APlayRefusedInsideTheReportIsReportedToo) {
+  int again = 2;
+  screen.PlayErr.listen([this, &again](const std::string&) {
+    if (again-- > 0) screen.play();
+  });
+  screen.play();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "PlayErr 播放路径为空. | PlayErr 播放路径为空. | PlayErr 播放路径为空.");
+}
+
+TEST_F(PlaybackErrorTest, UnloadingDropsThePendingReport) {
+  screen.play();
+  screen.unloadScreen();
+  trace.take();
+  time.advance(10);
+  EXPECT_EQ(trace.take(), "");
+  EXPECT_EQ(time.running(), 0U);
+}
+
 TEST_F(PlaybackErrorTest, AnErrorOfRealPlayerWhileStoppedIsReported) {
   useRule(playRule::kRealOnly);
   real().errorMessage.raise();
@@ -145,6 +164,17 @@ TEST_F(PlaybackErrorTest, TheFarEndsOfPositionAndLengthAreReported) {
   EXPECT_EQ(trace.take(), "JinDu 100% 2147483=596:31:23 of 2147483=596:31:23");
   real().positionChange.raise(-2147483647 - 1, -2147483647 - 1);
   EXPECT_EQ(trace.take(), "JinDu 100% -2147483=-596:-31:-23 of -2147483=-596:-31:-23");
+}
+
+TEST_F(PlaybackErrorTest, APositionOfMediaPlayerBeyondThirtyTwoBitsIsNotReported) {
+  startPlaying(playRule::kMediaOnly);
+  wmp().duration = 200;
+  wmp().position = 2147483648.0;
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "");
+  wmp().position = 2147483647.0;
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "JinDu 1073741824% 2147483647=596523:14:07 of 200=00:03:20");
 }
 
 TEST_F(PlaybackErrorTest, APercentageThatDoesNotFitIsZero) {

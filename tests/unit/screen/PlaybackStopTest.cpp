@@ -195,6 +195,57 @@ TEST_F(PlaybackStopTest, AnEarlyStopOfTheFailedRealPlayerStartsMediaPlayerOnce) 
   EXPECT_EQ(trace.take(), "wmp show | real hide | wmp position 0 | wmp play");
 }
 
+TEST_F(PlaybackStopTest, TheStopOfANewPathIsNoFailureOfTheItemThatStarts) {
+  orderStart("C:\\a.avi");
+  real().notify(RealPlayState::contacting);
+  orderStart("C:\\b.avi");
+  trace.take();
+  real().notify(RealPlayState::stopped);
+  EXPECT_EQ(afterALongWhile(), "");
+  EXPECT_EQ(screen.lngState(), playState::kStarting);
+}
+
+TEST_F(PlaybackStopTest, AnOrderedStopIsExpectedOnce) {
+  startPlaying(playRule::kRealOnly);
+  orderStart("C:\\b.avi");
+  real().notify(RealPlayState::stopped);
+  real().notify(RealPlayState::contacting);
+  ASSERT_FALSE(screen.playback().timRealErrDelay.enabled());
+  real().notify(RealPlayState::stopped);
+  EXPECT_TRUE(screen.playback().timRealErrDelay.enabled());
+}
+
+TEST_F(PlaybackStopTest, ANewPathLeavesItToTheSourceToStopRealPlayer) {
+  startPlaying(playRule::kRealOnly);
+  real().positionChange.raise(65000, 200000);
+  trace.take();
+  screen.strFilePath("C:\\b.avi");
+  EXPECT_EQ(trace.take(), "wmp stop | wmp position 0 | wmp url C:\\b.avi | real source C:\\b.avi");
+  EXPECT_EQ(screen.labMovieTimShow.caption(), "00:01:05 / 00:03:20");
+}
+
+TEST_F(PlaybackStopTest, APlayingThatComesAfterTheStartWasAbandonedSeeksNothing) {
+  orderStart("C:\\a.avi");
+  screen.strFilePath("C:\\b.avi");
+  trace.take();
+  real().notify(RealPlayState::playing);
+  EXPECT_EQ(trace.take(), "real sound");
+}
+
+TEST_F(PlaybackStopTest, EnginesThatAreDetachedAreNotListenedTo) {
+  FakeMediaPlayer media(trace);
+  FakeRealPlayer realPlayer(trace);
+  Playback playback(time, files, log);
+  playback.attach(media, realPlayer);
+  playback.detach();
+  trace.take();
+  media.notify(MediaPlayState::playing);
+  media.mediaError.raise();
+  realPlayer.notify(RealPlayState::playing);
+  EXPECT_EQ(trace.take(), "");
+  EXPECT_EQ(playback.lngState(), playState::kStopped);
+}
+
 TEST_F(PlaybackStopTest, EveryStartOpensTheEarlyStopWindowAnew) {
   orderStart("C:\\a.avi");
   time.advance(1000);

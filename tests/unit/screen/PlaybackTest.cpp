@@ -425,6 +425,13 @@ TEST_F(PlaybackTest, PlayingIsLoggedWithEngineAndLength) {
   EXPECT_EQ(log.lines.back(), "info playing: C:\\a.avi | RealPlayer | 00:03:20");
 }
 
+TEST_F(PlaybackTest, PlayingThatIsNotifiedTwiceIsLoggedOnce) {
+  startPlaying(playRule::kMediaOnly);
+  const auto lines = log.lines.size();
+  wmp().notify(MediaPlayState::playing);
+  EXPECT_EQ(log.lines.size(), lines);
+}
+
 TEST_F(PlaybackTest, AfterUnloadingNothingRunsAndCallsAreHarmless) {
   startPlaying(playRule::kRealOnly);
   screen.unloadScreen();
