@@ -40,6 +40,7 @@ void* Control::find(REFIID id) {
 }
 
 HRESULT Control::SetClientSite(IOleClientSite* site) {
+  memory().record.add(site ? "site" : "no site");
   site_ = ComPtr<IOleClientSite>(site);
   return S_OK;
 }
@@ -86,14 +87,20 @@ HRESULT Control::activate(HWND parent, const RECT& area) {
 
 HRESULT Control::Close(DWORD) {
   memory().record.add("close");
-  return InPlaceDeactivate();
+  deactivate();
+  return S_OK;
 }
 
 HRESULT Control::InPlaceDeactivate() {
-  if (!window_.handle()) return S_OK;
+  memory().record.add("deactivate");
+  deactivate();
+  return S_OK;
+}
+
+void Control::deactivate() {
+  if (!window_.handle()) return;
   window_.close();
   if (const auto place = site_.as<IOleInPlaceSite>()) place->OnInPlaceDeactivate();
-  return S_OK;
 }
 
 HRESULT Control::SetExtent(DWORD, SIZEL* size) {

@@ -136,6 +136,7 @@ class Control final : public ComObject<IOleObject, IOleInPlaceObject, IOleInPlac
   void showPicture(bool shown) override;
 
   HRESULT activate(HWND parent, const RECT& area);
+  void deactivate();
   void carryOut(DISPID member, const DISPPARAMS& parameters, VARIANT* result);
 
   ControlWindow window_;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "control/Control.h"
+
 namespace tessivo::test_control {
 
 VARIANT numberArgument(std::int32_t number) {
@@ -51,12 +53,14 @@ HRESULT EventSource::Advise(IUnknown* sink, DWORD* cookie) {
   if (!sink || !cookie) return E_POINTER;
   const auto dispatch = ComPtr<IUnknown>(sink).as<IDispatch>(kEventInterface);
   if (!dispatch) return CONNECT_E_CANNOTCONNECT;
+  memory().record.add("advise");
   *cookie = ++lastCookie_;
   sinks_[*cookie] = dispatch;
   return S_OK;
 }
 
 HRESULT EventSource::Unadvise(DWORD cookie) {
+  memory().record.add("unadvise");
   return sinks_.erase(cookie) == 1 ? S_OK : CONNECT_E_NOCONNECTION;
 }
 

@@ -22,7 +22,7 @@ struct TestControlApi {
   ///   "property AUTOSTART=0"     a property given when the control was made
   ///   "102 put BSTR C:\a.mp3"    a call: member, "call", "read" or "put", its arguments in the
   ///   "227 call I2& 30"          order of declaration, with type and value; & is a reference
-  ///   "activate", "close"
+  ///   "site", "advise", "activate", "unadvise", "deactivate", "close", "no site"
   int (*recorded)();
   const char* (*record)(int index);  ///< valid until the next line is recorded
 

@@ -76,8 +76,8 @@ class RealPlayerControlTest : public TestControlStage {
 };
 
 TEST_F(RealPlayerControlTest, IsMadeQuietWithoutALogoAndWithNothingButThePicture) {
-  EXPECT_EQ(whileMaking, (Lines{"property AUTOSTART=0", "property CONTROLS=ImageWindow",
-                                "property NOLOGO=1", "activate"}));
+  EXPECT_EQ(whileMaking, (Lines{"site", "property AUTOSTART=0", "property CONTROLS=ImageWindow",
+                                "property NOLOGO=1", "advise", "activate"}));
   EXPECT_TRUE(player->created());
   EXPECT_TRUE(log.lines.empty());
 }
@@ -338,12 +338,13 @@ TEST_F(RealPlayerControlTest, MayBeDestroyedByAListener) {
 TEST_F(RealPlayerControlTest, IsStoppedBeforeItGoesWhenItIsActive) {
   control->answer(260, 1);
   player.reset();
-  EXPECT_EQ(takeRecord(), (Lines{"260 read", "202 call", "close"}));
+  EXPECT_EQ(takeRecord(),
+            (Lines{"260 read", "202 call", "unadvise", "deactivate", "close", "no site"}));
 }
 
 TEST_F(RealPlayerControlTest, IsNotStoppedBeforeItGoesWhenItIsIdle) {
   player.reset();
-  EXPECT_EQ(takeRecord(), (Lines{"260 read", "close"}));
+  EXPECT_EQ(takeRecord(), (Lines{"260 read", "unadvise", "deactivate", "close", "no site"}));
 }
 
 TEST_F(RealPlayerControlTest, WhatTheControlTellsWhileItGoesReachesNobody) {
