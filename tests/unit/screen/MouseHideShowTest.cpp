@@ -192,8 +192,9 @@ TEST_F(MouseHideShowTest, AHiddenPointerWhoseAreaIsGoneStaysHiddenUntilItMoves) 
   startNow();
   rest();
   area.boolAreaValid = false;
-  time.advance(20000);
+  time.advance(6300);
   EXPECT_FALSE(pointer.seen());
+  EXPECT_EQ(questions, 2);  // a new rest began with the first of its ticks
   pointer.at.x += 1;
   time.advance(300);
   EXPECT_TRUE(pointer.seen());
@@ -289,9 +290,7 @@ TEST_F(MouseHideShowTest, AfterMidnightAnotherRestIsMeasuredAsEver) {
 
 TEST_F(MouseHideShowTest, AnUnmovedPointerHasRestedLongWhenHidingIsEnabledAnew) {
   startNow();
-  rest();
   hider->boolEnabled(false);
-  ASSERT_TRUE(pointer.seen());
   startNow();
   EXPECT_FALSE(pointer.seen());
 }
@@ -365,6 +364,7 @@ TEST_F(MouseHideShowTest, ACounterThatDoesNotMoveHangsNothing) {
   pointer.displayCount = -5;
   hider.reset();
   EXPECT_EQ(pointer.displayCount, -5);
+  EXPECT_LT(pointer.calls, 100000);
 }
 
 TEST_F(MouseHideShowTest, AnAreaBeyond32BitsEndsTheTickWithoutEffect) {
