@@ -22,10 +22,14 @@
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32ShownWindows.h"
 #include "platform/win32/Win32ThreadTimers.h"
 #include "platform/win32/Win32TimerService.h"
+#include "platform/win32/Win32WindowProcedures.h"
 #include "platform/win32/WindowsText.h"
-#include "screen/engines/embedded/EmbeddedEngineFactory.h"
+#include "screen/CaughtWindows.h"
+#include "screen/EngineChoice.h"
+#include "screen/engines/ChosenEngineFactory.h"
 #include "screen/frmScreen.h"
 #include "ui/win32/Win32Toolkit.h"
 
@@ -96,13 +100,17 @@ int runProgram() {
   Win32ThreadTimers threadTimers(*log);
   MTimer timerRegistry(threadTimers);
   ui::Win32Toolkit toolkit(displays.twipsPerPixel(), *log);
-  EmbeddedEngineFactory engines(*log);
+  Win32ShownWindows shownWindows(*log);
+  Win32WindowProcedures procedures(*log);
+  CaughtWindows caughtWindows(windows, procedures);
+  ChosenEngineFactory engines(readEngineChoices(paths.programFolder + "\\Engines.ini", *log), *log);
 
   AimMonitor aimMonitor(displays);
   MovieKeys keys(clock);
   PlayList playList(keys);
-  Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry});
-  frmScreen screen({toolkit, timers, displays, files, *log, engines});
+  Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry,
+                       shownWindows, caughtWindows});
+  frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
   frmMain panel(toolkit, displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            panel, [&panel, &displays] {

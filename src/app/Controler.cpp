@@ -30,7 +30,15 @@ std::optional<cMonitor> monitorUnder(const Displays& displays, Point point) {
 
 }  // namespace
 
-Controler::Controler(const ControlerServices& services) : services_(services) {}
+Controler::Controler(const ControlerServices& services) : services_(services) {
+  services_.shownWindows.watch([this](const ShownWindow& shown) {
+    if (screen_) screen_->guards().noteShown(shown);
+  });
+}
+
+Controler::~Controler() {
+  services_.shownWindows.stop();
+}
 
 void Controler::setInitializePram(const std::string& databasePath, const std::string&) {
   config_.strDBFilePath(databasePath);
@@ -80,10 +88,12 @@ void Controler::listenToScreen() {
 void Controler::exitSys() {
   if (exiting_) return;
   exiting_ = true;
+  services_.caughtWindows.giveBackAll();
   saveResumePoint();
   takeFormsDown();
   m_objMouseHideShow_.reset();  // shows the pointer
   saveAll();
+  services_.shownWindows.stop();
   services_.log.info("stop");
   services_.loop.quit();
 }

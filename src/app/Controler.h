@@ -12,6 +12,8 @@
 #include "platform/Log.h"
 #include "platform/MessageLoop.h"
 #include "platform/Pointer.h"
+#include "platform/ShownWindows.h"
+#include "screen/CaughtWindows.h"
 #include "screen/MouseHideShow.h"
 #include "screen/frmScreen.h"
 
@@ -28,6 +30,8 @@ struct ControlerServices {
   const Clock& clock;
   const DesktopWindows& windows;
   MTimer& timers;
+  ShownWindows& shownWindows;
+  CaughtWindows& caughtWindows;
 };
 
 /// Directions of stepping.
@@ -41,7 +45,9 @@ inline constexpr int kPrevious = 2;
 /// throws out of its operations.
 class Controler {
  public:
+  /// From here on it looks out for windows that an engine pops up.
   explicit Controler(const ControlerServices& services);
+  ~Controler();
   Controler(const Controler&) = delete;
   Controler& operator=(const Controler&) = delete;
 

@@ -1,21 +1,13 @@
 #include "data/DataFiles.h"
 
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <system_error>
 
-#include "base/Text.h"
+#include "base/FilePath.h"
 
 namespace tessivo {
-
-std::filesystem::path toFilePath(const std::string& path) {
-#ifdef _WIN32
-  const auto utf16 = toUtf16(path);
-  return {std::wstring(utf16.begin(), utf16.end())};
-#else
-  return {path};
-#endif
-}
 
 bool isAccessFile(const std::string& path) {
   std::ifstream file(toFilePath(path), std::ios::binary);

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 namespace tessivo {
-
-/// The file system's form of a UTF-8 path.
-std::filesystem::path toFilePath(const std::string& path);
 
 /// Whether the file is one of Microsoft Access, by its first bytes. No such file: no.
 bool isAccessFile(const std::string& path);

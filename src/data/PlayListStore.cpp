@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/FilePath.h"
 #include "data/DataAccess.h"
 #include "data/DataError.h"
 #include "data/DataFiles.h"

@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/FilePath.h"
 #include "base/Text.h"
 #include "data/DataError.h"
 #include "data/DataFiles.h"

@@ -4,19 +4,11 @@
 #include <cstdio>
 #include <system_error>
 
+#include "base/FilePath.h"
 #include "base/Text.h"
 
 namespace tessivo {
 namespace {
-
-std::filesystem::path nativePath(const std::string& path) {
-#ifdef _WIN32
-  const std::u16string wide = toUtf16(path);
-  return std::wstring(wide.begin(), wide.end());
-#else
-  return path;
-#endif
-}
 
 std::string stamp(const LocalTime& time) {
   char text[80];
@@ -36,7 +28,7 @@ std::string oneLine(std::string_view text) {
 }  // namespace
 
 FileLog::FileLog(const std::string& path, const Clock& clock, std::uintmax_t sizeLimit)
-    : path_(nativePath(path)), clock_(clock), sizeLimit_(sizeLimit) {
+    : path_(toFilePath(path)), clock_(clock), sizeLimit_(sizeLimit) {
   open();
 }
 

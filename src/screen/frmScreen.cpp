@@ -33,6 +33,7 @@ frmScreen::frmScreen(const ScreenServices& services)
       timFrmPosiReport(services.timers, "timFrmPosiReport", kPositionReportMs),
       services_(services),
       playback_(services.timers, services.files, services.log),
+      guards_(services.timers, services.windows, services.caughtWindows, services.log),
       placement_(*this),
       menu_(services.displays) {
   setColours(std::nullopt, kBlack);
@@ -61,6 +62,7 @@ void frmScreen::load() {
   wmpPlayer_ = services_.engines.createMediaPlayer(nativeHandle());
   realPlayer_ = services_.engines.createRealPlayer(nativeHandle());
   playback_.attach(*wmpPlayer_, *realPlayer_);
+  guards_.attach(nativeHandle(), *wmpPlayer_, *realPlayer_);
   listenToEngines();
   layOut();
   raiseTimePanel();
@@ -72,6 +74,8 @@ void frmScreen::unloadScreen() {
   timSetTimShowBackZOrder.setEnabled(false);
   timDelayRaiseClickEvent.setEnabled(false);
   timDBClickEvent.setEnabled(false);
+  guards_.detach();
+  caughtMouse_.disconnect();
   playback_.detach();
   realPlayer_.reset();
   wmpPlayer_.reset();
@@ -122,11 +126,15 @@ void frmScreen::listenToEngines() {
   wmpPlayer_->mouseUp.listen([this](MouseButton button) {
     if (button == MouseButton::right) popuCtrlMenu();
   });
-  realPlayer_->pictureMouse.listen([this](PictureMouse what) {
-    if (what == PictureMouse::leftUp) timDelayRaiseClickEvent.setEnabled(true);
-    if (what == PictureMouse::leftDoubleClick) timDBClickEvent.setEnabled(true);
-    if (what == PictureMouse::rightUp) openControlMenu();
-  });
+  realPlayer_->pictureMouse.listen([this](PictureMouse what) { onPictureMouse(what); });
+  caughtMouse_ = services_.caughtWindows.pictureMouse.connect(
+      [this](PictureMouse what) { onPictureMouse(what); });
+}
+
+void frmScreen::onPictureMouse(PictureMouse what) {
+  if (what == PictureMouse::leftUp) timDelayRaiseClickEvent.setEnabled(true);
+  if (what == PictureMouse::leftDoubleClick) timDBClickEvent.setEnabled(true);
+  if (what == PictureMouse::rightUp) openControlMenu();
 }
 
 void frmScreen::layOut() {
@@ -139,6 +147,7 @@ void frmScreen::layOut() {
   wmpPlayer_->setInvokeUrls(false);
   wmpPlayer_->setFullScreen(false);
   timSetTimShowBackZOrder.setEnabled(true);
+  guards_.timRealPlayerNewWinCheck.setEnabled(true);
   using Setting = RealPlayerSlot::Setting;
   realPlayer_->setSetting(Setting::s277, true);
   realPlayer_->setSetting(Setting::s353, false);

@@ -6,8 +6,11 @@
 
 #include "base/Signal.h"
 #include "monitors/AimMonitor.h"
+#include "platform/DesktopWindows.h"
 #include "platform/Displays.h"
+#include "screen/CaughtWindows.h"
 #include "screen/EngineFactory.h"
+#include "screen/EngineGuards.h"
 #include "screen/FullScreenPlacement.h"
 #include "screen/Playback.h"
 #include "screen/ScreenMenu.h"
@@ -25,6 +28,8 @@ struct ScreenServices {
   const Files& files;
   Log& log;
   EngineFactory& engines;
+  const DesktopWindows& windows;
+  CaughtWindows& caughtWindows;
 };
 
 /// The playback window: shows the picture on the chosen monitor. It never decides what to play next
@@ -73,6 +78,7 @@ class frmScreen : public ui::Form {
   void popuCtrlMenu();
   ScreenMenu& menu() { return menu_; }
   Playback& playback() { return playback_; }
+  EngineGuards& guards() { return guards_; }
 
   /// Percent, position (s), its text, length (s), its text.
   Signal<std::int32_t, std::int32_t, std::string, std::int32_t, std::string> JinDu;
@@ -101,6 +107,7 @@ class frmScreen : public ui::Form {
   void clearPosition();
   void raiseTimePanel();
   void raiseDoubleClick();
+  void onPictureMouse(PictureMouse what);
   void openControlMenu();
   Rect reportedRect() const;
 
@@ -108,8 +115,10 @@ class frmScreen : public ui::Form {
   std::unique_ptr<MediaPlayerSlot> wmpPlayer_;
   std::unique_ptr<RealPlayerSlot> realPlayer_;
   Playback playback_;
+  EngineGuards guards_;
   FullScreenPlacement placement_;
   ScreenMenu menu_;
+  Connection caughtMouse_;
   bool reportJinDu_ = true;
 };
 

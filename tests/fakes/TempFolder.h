@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-#include "data/DataFiles.h"
+#include "base/FilePath.h"
 
 namespace tessivo {
 

@@ -45,10 +45,11 @@ class ControlerFixture : public ScreenFixture {
   FakeMessageLoop loop{trace};
   PlayList playList{keys};
   FakePanel panel{trace};
-  FakeDesktopWindows windows;
+  FakeShownWindows shownWindows;
   FakeThreadTimers threadTimers{time};
   MTimer timers{threadTimers};
-  Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers}};
+  Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers,
+                       shownWindows, caughtWindows}};
 };
 
 }  // namespace tessivo

@@ -13,6 +13,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/FilePath.h"
 #include "data/DataFiles.h"
 #include "data/PrepareDatabase.h"
 #include "fakes/TempFolder.h"

@@ -6,6 +6,7 @@
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeSystem.h"
+#include "fakes/FakeWindowHooks.h"
 #include "fakes/NoToolkit.h"
 #include "fakes/Trace.h"
 #include "fakes/VirtualTime.h"
@@ -70,7 +71,10 @@ class ScreenFixture : public testing::Test {
   FakeDisplays displays;
   NoToolkit toolkit;
   FakeEngineFactory engines{trace};
-  frmScreen screen{{toolkit, time, displays, files, log, engines}};
+  FakeDesktopWindows windows;
+  FakeWindowProcedures procedures;
+  CaughtWindows caughtWindows{windows, procedures};
+  frmScreen screen{{toolkit, time, displays, files, log, engines, windows, caughtWindows}};
 };
 
 }  // namespace tessivo

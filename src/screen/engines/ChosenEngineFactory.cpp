@@ -1,0 +1,40 @@
+#include "screen/engines/ChosenEngineFactory.h"
+
+#include <string>
+
+#include "screen/engines/direct_show/EmbeddedRealPlayer.h"
+#include "screen/engines/media_foundation/EmbeddedMediaPlayer.h"
+#include "screen/engines/real_player/RealPlayerControl.h"
+#include "screen/engines/windows_media_player/WindowsMediaPlayerControl.h"
+
+namespace tessivo {
+namespace {
+
+template <typename Control, typename Embedded, typename Slot>
+std::unique_ptr<Slot> create(EngineChoice choice, const std::string& slot, WindowHandle parent,
+                             Log& log) {
+  const auto window = reinterpret_cast<HWND>(parent);
+  if (choice != EngineChoice::embedded) {
+    auto control = std::make_unique<Control>(window, log);
+    if (control->created() || choice == EngineChoice::control) {
+      log.info(slot + " slot: " + (control->created() ? "the installed control" : "empty"));
+      return control;
+    }
+  }
+  log.info(slot + " slot: the embedded engine");
+  return std::make_unique<Embedded>(window, log);
+}
+
+}  // namespace
+
+std::unique_ptr<MediaPlayerSlot> ChosenEngineFactory::createMediaPlayer(WindowHandle parent) {
+  return create<WindowsMediaPlayerControl, EmbeddedMediaPlayer, MediaPlayerSlot>(
+      choices_.mediaPlayer, "Media Player", parent, log_);
+}
+
+std::unique_ptr<RealPlayerSlot> ChosenEngineFactory::createRealPlayer(WindowHandle parent) {
+  return create<RealPlayerControl, EmbeddedRealPlayer, RealPlayerSlot>(choices_.realPlayer,
+                                                                       "RealPlayer", parent, log_);
+}
+
+}  // namespace tessivo
