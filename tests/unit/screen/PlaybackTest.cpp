@@ -214,7 +214,7 @@ TEST_F(PlaybackTest, AStopThatANewRuleBringsAboutRaisesNothing) {
 }
 
 TEST_F(PlaybackTest, LoadingGivesBothEnginesTheVolumeAndTheMuteState) {
-  frmScreen another{{toolkit, time, displays, files, log, engines}};
+  frmScreen another{{toolkit, time, displays, files, log, engines, windows, caughtWindows}};
   trace.take();
   another.load();
   EXPECT_NE(trace.take().find("wmp volume 30 | real volume 30 | wmp sound | real sound"),
