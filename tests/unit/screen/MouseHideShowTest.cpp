@@ -289,6 +289,7 @@ TEST_F(MouseHideShowTest, AfterMidnightAnotherRestIsMeasuredAsEver) {
 }
 
 TEST_F(MouseHideShowTest, AnUnmovedPointerHasRestedLongWhenHidingIsEnabledAnew) {
+  time.setDate({2026, 1, 1, kDayMs / 2});
   startNow();
   hider->boolEnabled(false);
   startNow();
