@@ -72,7 +72,7 @@ void EngineGuards::probe(Point offset) {
 }
 
 void EngineGuards::noteShown(const ShownWindow& shown) {
-  if (form_ == 0 || shown.isChild || !shown.hasCaption || shown.isOurs) return;
+  if (!wmpPlayer_ || shown.isChild || !shown.hasCaption || shown.isOurs) return;
   if (shown.rootOwner == shown.window || shown.rootOwner == form_) closeLater(shown.window);
 }
 

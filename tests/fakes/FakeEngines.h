@@ -50,8 +50,11 @@ class FakeMediaPlayer : public MediaPlayerSlot {
   void setEnableErrorDialogs(bool on) override { note(on ? "dialogs" : "no dialogs"); }
   void setInvokeUrls(bool on) override { note(on ? "urls" : "no urls"); }
   void setEnableContextMenu(bool on) override { note(on ? "menu" : "no menu"); }
-  bool fullScreen() const override { return false; }
-  void setFullScreen(bool on) override { note(on ? "full screen" : "no full screen"); }
+  bool fullScreen() const override { return full; }
+  void setFullScreen(bool on) override {
+    full = on;
+    note(on ? "full screen" : "no full screen");
+  }
   void clearErrorQueue() override { note("clear errors"); }
 
   void notify(MediaPlayState now) {
@@ -61,6 +64,7 @@ class FakeMediaPlayer : public MediaPlayerSlot {
 
   MediaPlayState state = MediaPlayState::undefined;
   double position = 0;
+  bool full = false;  ///< its own full screen
   std::optional<double> duration;
   Rect area;
 
