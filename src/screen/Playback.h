@@ -104,7 +104,7 @@ class Playback {
   void handleRealError();
   void mediaStateChanged(MediaPlayState state);
   void realStateChanged(RealPlayState before, RealPlayState now);
-  bool isOfThisItem(RealPlayState stoppedFrom) const;
+  bool isOfThisItem(RealPlayState stoppedFrom, bool expected) const;
   void reportMediaProgress();
   void reportRealProgress(std::int32_t positionMs, std::int32_t lengthMs);
 

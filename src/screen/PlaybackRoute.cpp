@@ -1,5 +1,7 @@
 // The way of a play request: from the first engine over its failure to the second engine or to the
 // error event, by the play rule.
+#include <utility>
+
 #include "base/Rounding.h"
 #include "screen/PlayMessages.h"
 #include "screen/Playback.h"
@@ -105,11 +107,9 @@ void Playback::realStateChanged(RealPlayState before, RealPlayState now) {
     seekOnStart_ = false;  // a later resume goes on where it paused
     realPlayer_->setMute(mute_);
   } else if (now == RealPlayState::stopped) {
-    if (stopExpected_) {
-      stopExpected_ = false;  // one ordered stop, one notification
-    } else if (!isOfThisItem(before)) {
-      return;
-    } else if (timRealPopuWinErrCheck.enabled()) {
+    const bool expected = std::exchange(stopExpected_, false);  // one order, one notification
+    if (!isOfThisItem(before, expected)) return;
+    if (timRealPopuWinErrCheck.enabled()) {
       timRealPopuWinErrCheck.setEnabled(false);
       timRealErrDelay.setEnabled(true);
     } else {
@@ -121,10 +121,12 @@ void Playback::realStateChanged(RealPlayState before, RealPlayState now) {
 }
 
 /// RealPlayer may send the notification of an ordered stop when it has long answered that it is not
-/// active, even when the next item starts. What it stopped from tells whose it is.
-bool Playback::isOfThisItem(RealPlayState stoppedFrom) const {
+/// active, even when the next item starts, or never. What it stopped from tells whose it is.
+bool Playback::isOfThisItem(RealPlayState stoppedFrom, bool expected) const {
   if (state_ == playState::kStopped || mediaPlayerIsCurrent()) return false;
-  if (!seekOnStart_) return true;  // it played or plays
+  const bool underWay = !seekOnStart_;  // it plays or played
+  if (expected) return underWay && !timRealPopuWinErrCheck.enabled();
+  if (underWay) return true;
   const bool toldToPlay = !timRealPlayDelay.enabled();
   return toldToPlay && stoppedFrom != RealPlayState::playing &&
          stoppedFrom != RealPlayState::paused;

@@ -246,6 +246,17 @@ TEST_F(PlaybackStopTest, EnginesThatAreDetachedAreNotListenedTo) {
   EXPECT_EQ(playback.lngState(), playState::kStopped);
 }
 
+TEST_F(PlaybackStopTest, AnItemThatFollowedWithoutAStopEndsWithItsOwn) {
+  startPlaying(playRule::kRealOnly);
+  orderStart("C:\\b.avi");
+  real().notify(RealPlayState::contacting);
+  real().notify(RealPlayState::playing);
+  time.advance(2000);
+  trace.take();
+  real().notify(RealPlayState::stopped);
+  EXPECT_NE(trace.take().find("PlayOver"), std::string::npos);
+}
+
 TEST_F(PlaybackStopTest, EveryStartOpensTheEarlyStopWindowAnew) {
   orderStart("C:\\a.avi");
   time.advance(1000);
