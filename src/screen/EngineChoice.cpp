@@ -11,7 +11,7 @@ namespace tessivo {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kLargest = 64 * 1024;  ///< bytes; what is larger is no such file
+constexpr std::size_t kLargest = 65536;  ///< bytes; what is larger is no such file
 
 /// Blanks and tabs off both ends, and the line's carriage return.
 std::string_view stripped(std::string_view text) {

@@ -64,7 +64,7 @@ std::uintptr_t Win32WindowProcedures::replace(WindowHandle window, Filter& filte
 /// Only where ours is still the procedure: one that somebody put on top of it calls ours, which
 /// passes everything on.
 void Win32WindowProcedures::restore(WindowHandle window, std::uintptr_t previous) {
-  const auto handle = reinterpret_cast<HWND>(window);
+  auto* const handle = reinterpret_cast<HWND>(window);
   if (GetWindowLongPtrW(handle, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&procedure)) return;
   SetWindowLongPtrW(handle, GWLP_WNDPROC, static_cast<LONG_PTR>(previous));
 }

@@ -13,7 +13,7 @@ namespace {
 template <typename Control, typename Embedded, typename Slot>
 std::unique_ptr<Slot> create(EngineChoice choice, const std::string& slot, WindowHandle parent,
                              Log& log) {
-  const auto window = reinterpret_cast<HWND>(parent);
+  auto* const window = reinterpret_cast<HWND>(parent);
   if (choice != EngineChoice::embedded) {
     auto control = std::make_unique<Control>(window, log);
     if (control->created() || choice == EngineChoice::control) {

@@ -11,6 +11,7 @@ namespace tessivo {
 /// Reference counting and the table of interfaces of a COM object of ours. Made with one reference,
 /// which goes to the maker. Single thread only.
 template <typename First, typename... Others>
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): deleted by its own Release
 class ComObject : public First, public Others... {
  public:
   ComObject(const ComObject&) = delete;

@@ -1,5 +1,7 @@
 #include "screen/engines/control/ControlDispatch.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tessivo {
@@ -10,9 +12,9 @@ ControlDispatch::ControlDispatch(std::string name, IUnknown* control, Log& log)
 bool ControlDispatch::call(DISPID member, const std::vector<Variant>& arguments) {
   // Last first, and borrowed: they stay the caller's.
   std::vector<VARIANT> reversed;
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-    reversed.push_back(**argument);
-  }
+  reversed.reserve(arguments.size());
+  std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(reversed),
+                 [](const Variant& argument) { return *argument; });
   DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   return invoke(member, DISPATCH_METHOD, parameters, nullptr);
 }

@@ -11,7 +11,7 @@ namespace tessivo {
 /// Owns one VARIANT.
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;
   explicit Variant(std::int32_t number) : Variant() {
     value_.vt = VT_I4;
     value_.lVal = number;
@@ -61,9 +61,12 @@ class Variant {
 
  private:
   /// Some declarations of the system's functions lack the const of what they only read.
-  static VARIANT* writable(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
+  static VARIANT* writable(const VARIANT& value) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): read only
+    return const_cast<VARIANT*>(&value);
+  }
 
-  VARIANT value_;
+  VARIANT value_{};  ///< VT_EMPTY
 };
 
 }  // namespace tessivo

@@ -79,6 +79,7 @@ EventMeaning RealPlayerEvents::meaningOf(DISPID event,
     meaning = known->second;
   } else {
     std::vector<EventArgument> nameless;
+    nameless.reserve(arguments.size());
     for (const auto& argument : arguments) nameless.push_back({"", kindOf(argument.type())});
     meaning = tessivo::meaningOf(nameless);
   }
