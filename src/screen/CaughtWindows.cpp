@@ -18,7 +18,7 @@ std::string keyOf(WindowHandle window) {
 }  // namespace
 
 void CaughtWindows::catchWindow(WindowHandle window) {
-  if (closed_ || window == 0 || previous_.contains(keyOf(window))) return;
+  if (closed_ || previous_.contains(keyOf(window))) return;
   if (!windows_.isOurs(window) || !isBelowRealPlayer(window)) return;
   const std::uintptr_t previous = procedures_.replace(window, *this);
   if (previous == 0) return;  // tried again with the next probe

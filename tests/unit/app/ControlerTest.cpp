@@ -315,6 +315,34 @@ TEST_F(ControlerTest, WithoutKeepingTheListOnlyTheSettingsAreSaved) {
   EXPECT_EQ(again.lngListCount(), 0);
 }
 
+TEST_F(ControlerTest, AWindowThatAnEnginePopsUpIsClosedFromTheStartToTheSave) {
+  ASSERT_TRUE(shownWindows.show);
+  shownWindows.show({7, 7, false, true, false});
+  time.advance(100);
+  EXPECT_EQ(windows.closed, (std::vector<WindowHandle>{7}));
+  bool watchedInPump = false;
+  loop.whilePumping = [&] { watchedInPump = shownWindows.show != nullptr; };
+  controler.exitSys();
+  EXPECT_TRUE(watchedInPump);
+  EXPECT_FALSE(shownWindows.show);
+}
+
+TEST_F(ControlerTest, LeavingGivesTheCaughtWindowsBackFirstAndCatchesNoMore) {
+  windows.windows[2] = {0, "RealAudioCtrlWndClass", "", true};
+  windows.windows[3] = {2, "Picture", "", true};
+  windows.underPoint = 3;
+  time.advance(1000);
+  ASSERT_EQ(procedures.replaced.size(), 1U);
+  std::size_t givenBackBeforePump = 0;
+  loop.whilePumping = [&] {
+    givenBackBeforePump = procedures.restored.size();
+    time.advance(1000);  // the picture is still looked for
+  };
+  controler.exitSys();
+  EXPECT_EQ(givenBackBeforePump, 1U);
+  EXPECT_EQ(procedures.replaced.size(), 1U);
+}
+
 TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   loop.whilePumping = [this] { controler.exitSys(); };
   trace.take();

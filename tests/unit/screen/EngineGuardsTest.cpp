@@ -81,6 +81,15 @@ TEST_F(EngineGuardsTest, AfterUnloadingACaughtWindowIsHarmless) {
   EXPECT_TRUE(windows.closed.empty());
 }
 
+TEST_F(EngineGuardsTest, UnloadingEndsTheTimers) {
+  guards().noteShown(popup(7));
+  guards().timDisableWMPFullScreen.setEnabled(true);
+  screen.unloadScreen();
+  EXPECT_FALSE(guards().timRealPlayerNewWinCheck.enabled());
+  EXPECT_FALSE(guards().timDelayCloseMediaPlayerPopuWin.enabled());
+  EXPECT_FALSE(guards().timDisableWMPFullScreen.enabled());
+}
+
 TEST_F(EngineGuardsTest, APoppedUpWindowIsClosedAfterAHundredMilliseconds) {
   guards().noteShown(popup(7));
   EXPECT_EQ(guards().timDelayCloseMediaPlayerPopuWin.tag(), "7");
