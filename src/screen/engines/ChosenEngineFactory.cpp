@@ -16,8 +16,12 @@ std::unique_ptr<Slot> create(EngineChoice choice, const std::string& slot, Windo
   auto* const window = reinterpret_cast<HWND>(parent);
   if (choice != EngineChoice::embedded) {
     auto control = std::make_unique<Control>(window, log);
-    if (control->created() || choice == EngineChoice::control) {
-      log.info(slot + " slot: " + (control->created() ? "the installed control" : "empty"));
+    if (control->created()) {
+      log.info(slot + " slot: the installed control");
+      return control;
+    }
+    if (choice == EngineChoice::control) {
+      log.error(slot + " slot: empty, nothing plays in it");
       return control;
     }
   }

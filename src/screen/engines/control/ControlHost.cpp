@@ -56,19 +56,17 @@ IID identifierOf(const ComPtr<ITypeInfo>& info) {
 
 }  // namespace
 
-bool canCreateControl(const CLSID& control) {
-  ComPtr<IOleObject> object;
-  return SUCCEEDED(CoCreateInstance(control, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOleObject),
-                                    object.putVoid()));
-}
-
 ControlHost::ControlHost(HWND parent, Setup setup, Log& log)
     : setup_(std::move(setup)), log_(log), window_(*this) {
   window_.open(parent);
-  if (const HRESULT result = create(); FAILED(result)) {
+  const HRESULT result = create();
+  if (SUCCEEDED(result)) return;
+  if (result == REGDB_E_CLASSNOTREG) {
+    log_.info(setup_.name + " is not installed");
+  } else {
     log_.error(setup_.name + " cannot be made: " + hexOf(result));
-    close();
   }
+  close();
 }
 
 ControlHost::~ControlHost() {

@@ -93,7 +93,4 @@ class ControlHost : private EngineWindow::Owner {
   DWORD cookie_ = 0;
 };
 
-/// Whether the control can be made here: its class is registered and its library loads.
-bool canCreateControl(const CLSID& control);
-
 }  // namespace tessivo
