@@ -7,8 +7,7 @@ media=build/e2e/media
 rm -rf "$media"
 mkdir -p "$media"
 : >"$media/empty.avi"
-LC_ALL=C awk 'BEGIN { srand(5); for (i = 0; i < 50000; ++i) printf "%c", int(rand() * 255) + 1 }' \
-  >"$media/random.avi"
+journey_random_bytes "$media/random.avi"
 cp "$clips/film.avi" "$media/gone.avi"
 cp "$clips/film.avi" "$media/Ünïcödé ♫ 🎬.avi"
 # A path of 300 characters.
@@ -19,19 +18,13 @@ mkdir -p "$deep"
 long=$deep/$(printf 'n%.0s' {1..60}).avi
 cp "$clips/film.avi" "$long"
 
-# What the panel says when nothing can play the file under that rule.
-declare -A reason=(
-  [0]='无法识别的文件格式' [1]='无法识别的文件格式.'
-  [2]='Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.'
-  [3]='Media Play无法播放该文件,请通过播放器选择列表使用Real Player重新尝试播放.')
-
 fails_with() {
   local rule=$1 file=$2
   rm -f "$folder"/SysConfig "$folder"/Tessivo.log
   player_list "$folder" "$rule" 40 "$media/$file"
   player_start "$folder"
   player_drive play
-  shows_within 20 note "$file: ${reason[$rule]}" && shows state '停止: ' &&
+  shows_within 20 note "$file: ${journey_unplayable[$rule]}" && shows state '停止: ' &&
     [[ $(player_said "$folder" 'play error: ') == 1 ]] && player_drive close && said ' stop$'
 }
 plays() {

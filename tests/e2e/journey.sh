@@ -3,6 +3,11 @@
 #   journey NAME [LAYOUT]     begins: desktop, sound, folder ($folder), clips ($clips)
 #   check WHAT COMMAND…       "PASS WHAT" or "FAIL WHAT"
 #   journey_clip FILE SOURCE SECONDS ENCODER_OPTION…
+#   journey_random_bytes FILE     no medium
+#   journey_setting COLUMN VALUE  of the stored settings, before the player starts
+#   journey_engines MEDIA REAL    the choices in Engines.ini, before the player starts
+#   journey_test_control PART     the test control plays that part in RealPlayer's slot; what is asked
+#                                 of it is in $folder/calls.txt. Ends with the journey.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/desktop
@@ -50,6 +55,34 @@ journey_clip() {
     "${file%/*}/new-${file##*/}" </dev/null
   mv "${file%/*}/new-${file##*/}" "$file"
 }
+
+journey_random_bytes() {
+  LC_ALL=C awk 'BEGIN { srand(5); for (i = 0; i < 50000; ++i) printf "%c", int(rand() * 255) + 1 }' \
+    >"$1"
+}
+
+journey_setting() { sqlite3 "$folder/SysConfig" "update sys set $1 = $2"; }
+
+journey_engines() {
+  printf '[Engines]\nMediaPlayer=%s\nRealPlayer=%s\n' "$1" "$2" >"$folder/Engines.ini"
+}
+
+journey_test_control() {
+  # An environment of its own, so that no other journey finds the control registered.
+  PLAYER_NAME=journey-control
+  player_end
+  journey_engines embedded control
+  player_wine regsvr32 /s "$(player_windows_path "$PLAYER_PROGRAMS/tests/TestControl.dll")"
+  export TESSIVO_TEST_CONTROL_SCRIPT=$1
+  TESSIVO_TEST_CONTROL_LOG=$(player_windows_path "$folder/calls.txt")
+  export TESSIVO_TEST_CONTROL_LOG
+}
+
+# What the panel says, after the file's name, when nothing can play a file under that rule.
+declare -A journey_unplayable=(
+  [0]='无法识别的文件格式' [1]='无法识别的文件格式.'
+  [2]='Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.'
+  [3]='Media Play无法播放该文件,请通过播放器选择列表使用Real Player重新尝试播放.')
 
 said() { (($(player_said "$folder" "$1") >= ${2:-1})); }
 says_within() { player_wait "$1" said "$2" "${3:-1}"; }

@@ -6,6 +6,7 @@
 //   rule N      choose the N-th engine rule (from 0)
 //   seek N      move the progress slider to N seconds
 //   volume N    move the volume slider
+//   pause N     do nothing for N milliseconds
 //   show        print what the panel and the playback window show, one "name value" a line
 //   close       close the panel, and wait until the player has ended (20 s)
 //   kill        end the player's process at once
@@ -186,6 +187,7 @@ bool carryOut(const std::string& command, int number) {
       {"kill", [] { Player().kill(); }}};
   const std::map<std::string, std::function<void()>> numbered{
       {"closekill", [number] { closeAndKill(number); }},
+      {"pause", [number] { Sleep(static_cast<DWORD>(number)); }},
       {"seek", [number] { Panel().slide(0, number); }},
       {"volume", [number] { Panel().slide(1, number); }},
       {"rule", [number] { Panel().choose(0, number); }}};

@@ -15,10 +15,9 @@ desktop_start single
 sound_start
 export TESSIVO_TEST_MEDIA="Z:${media//\//\\}"
 
-# level ENGINE STATE: the loudness that is recorded while the engine is in the state, as the root
-# mean square of -1..1; "error" when the program failed.
+# level ENGINE STATE: the loudness while the engine is in the state; "error" when the program failed.
 level() {
-  local record=$DESKTOP_DIR/record.raw ready=$DESKTOP_DIR/ready player recorder
+  local ready=$DESKTOP_DIR/ready player heard
   rm -f "$ready"
   TESSIVO_TEST_ENGINE=$1 TESSIVO_TEST_SOUND=$2 TESSIVO_TEST_READY="Z:${ready//\//\\}" \
     "$root/tools/wine-run" --name engines "$program" --gtest_filter='EngineSoundOnDesktop.*' \
@@ -30,15 +29,9 @@ level() {
     echo error
     return
   fi
-  parec --device=silence.monitor --format=s16le --rate=44100 --channels=1 >"$record" &
-  recorder=$!
-  sleep 1.5
-  kill "$recorder"
-  wait "$recorder" || true
+  heard=$(sound_level)
   wait "$player" || { echo error; return; }
-  # The first third of a second may hold what came before.
-  sox -t raw -r 44100 -e signed -b 16 -c 1 "$record" -n trim 0.4 stat 2>&1 |
-    awk '/^RMS +amplitude/ { print $3 }'
+  echo "$heard"
 }
 
 failed=0
