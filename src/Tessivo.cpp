@@ -1,7 +1,7 @@
 // Entry point and composition root: builds every object, wires them, runs the message loop.
 #include <windows.h>
 // After windows.h, which they need:
-#include <objbase.h>
+#include <ole2.h>
 #include <shlobj.h>
 
 #include <memory>
@@ -37,13 +37,13 @@ namespace {
 
 using namespace tessivo;
 
-/// The user-interface thread's COM apartment, which the engines and the shell's dialogs need.
+/// OLE and with it the user-interface thread's COM apartment, which the engines, hosted controls
+/// and the shell's dialogs need.
 class ComApartment {
  public:
-  ComApartment()
-      : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
+  ComApartment() : result_(OleInitialize(nullptr)) {}
   ~ComApartment() {
-    if (SUCCEEDED(result_)) CoUninitialize();
+    if (SUCCEEDED(result_)) OleUninitialize();
   }
   ComApartment(const ComApartment&) = delete;
   ComApartment& operator=(const ComApartment&) = delete;

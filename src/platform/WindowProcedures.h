@@ -18,7 +18,7 @@ enum class WindowMessage {
   other
 };
 
-/// Replaces the procedures of windows that others wrote, on this thread.
+/// Replaces the procedures of this thread's windows that others wrote.
 class WindowProcedures {
  public:
   /// Whoever has the replaced windows' messages. Outlives the replacement.
@@ -34,7 +34,8 @@ class WindowProcedures {
   };
 
   virtual ~WindowProcedures() = default;
-  /// The previous procedure; 0 when the system refuses, and then nothing has changed. One filter
+  /// The previous procedure; 0 when the system refuses or the window belongs to another thread, and
+  /// then nothing has changed. One filter
   /// serves all windows.
   virtual std::uintptr_t replace(WindowHandle window, Filter& filter) = 0;
   /// Gives the window its procedure back; one that has gone is ignored.

@@ -84,7 +84,7 @@ EngineChoices parseEngineChoices(std::string_view text, Log& log) {
 
 EngineChoices readEngineChoices(const std::string& path, Log& log) {
   std::error_code error;
-  if (!std::filesystem::exists(toFilePath(path), error)) return {};
+  if (!std::filesystem::exists(toFilePath(path), error) && !error) return {};
   std::ifstream file(toFilePath(path), std::ios::binary);
   std::string text(kLargest + 1, '\0');
   file.read(text.data(), static_cast<std::streamsize>(text.size()));

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -20,10 +19,10 @@ constexpr Point kProbe{20, 20};
 
 std::optional<WindowHandle> windowInTag(const std::string& tag) {
   const std::string_view text = trim(tag);
-  std::int64_t number = 0;
+  WindowHandle number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size() || number == 0) return std::nullopt;
-  return static_cast<WindowHandle>(number);
+  return number;
 }
 
 }  // namespace
@@ -44,9 +43,18 @@ EngineGuards::EngineGuards(TimerService& timers, const DesktopWindows& windows,
   });
 }
 
-void EngineGuards::attach(WindowHandle form, MediaPlayerSlot& wmpPlayer,
-                          RealPlayerSlot& realPlayer) {
+void EngineGuards::open(WindowHandle form) {
   form_ = form;
+  open_ = true;
+}
+
+void EngineGuards::close() {
+  timDelayCloseMediaPlayerPopuWin.setEnabled(false);
+  waiting_.clear();
+  open_ = false;
+}
+
+void EngineGuards::attach(MediaPlayerSlot& wmpPlayer, RealPlayerSlot& realPlayer) {
   wmpPlayer_ = &wmpPlayer;
   // A double click is the engine's own switch, and some files ask for it when they begin.
   connections_.push_back(
@@ -59,12 +67,9 @@ void EngineGuards::attach(WindowHandle form, MediaPlayerSlot& wmpPlayer,
 
 void EngineGuards::detach() {
   timRealPlayerNewWinCheck.setEnabled(false);
-  timDelayCloseMediaPlayerPopuWin.setEnabled(false);
   timDisableWMPFullScreen.setEnabled(false);
   connections_.clear();
-  waiting_.clear();
   wmpPlayer_ = nullptr;
-  form_ = 0;
 }
 
 void EngineGuards::probe(Point offset) {
@@ -72,7 +77,7 @@ void EngineGuards::probe(Point offset) {
 }
 
 void EngineGuards::noteShown(const ShownWindow& shown) {
-  if (!wmpPlayer_ || shown.isChild || !shown.hasCaption || shown.isOurs) return;
+  if (!open_ || shown.isChild || !shown.hasCaption || shown.isOurs) return;
   if (shown.rootOwner == shown.window || shown.rootOwner == form_) closeLater(shown.window);
 }
 

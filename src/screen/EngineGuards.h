@@ -23,8 +23,11 @@ class EngineGuards {
   EngineGuards(TimerService& timers, const DesktopWindows& windows, CaughtWindows& caughtWindows,
                Log& log);
 
-  /// Before anything else; the engines outlive the guards or are taken away by `detach`.
-  void attach(WindowHandle form, MediaPlayerSlot& wmpPlayer, RealPlayerSlot& realPlayer);
+  /// From before the engines are made until they have gone: windows that they pop up are closed.
+  void open(WindowHandle form);
+  void close();
+  /// The engines, which outlive the guards or are taken away by `detach`.
+  void attach(MediaPlayerSlot& wmpPlayer, RealPlayerSlot& realPlayer);
   void detach();
 
   /// Closes the window soon when an engine has popped it up: one with a caption that the program
@@ -45,6 +48,7 @@ class EngineGuards {
   CaughtWindows& caughtWindows_;
   Log& log_;
   WindowHandle form_ = 0;
+  bool open_ = false;
   MediaPlayerSlot* wmpPlayer_ = nullptr;
   std::vector<Connection> connections_;
   std::deque<WindowHandle> waiting_;  ///< to be closed after the one in the tag

@@ -14,8 +14,9 @@ constexpr const char* kSeparator = " / ";
 constexpr const char* kZeroTime = "00:00:00";
 constexpr const char* kCaption = "Tessivo 播放窗口";
 
-// The time panel: a small dark plate in the upper left corner, in twips.
-constexpr Rect kTimePanel{120, 120, 2100, 330};
+// The time panel: a small dark plate in the upper left corner, in twips. Below the point where the
+// guards look for RealPlayer's picture window, which it would hide from them.
+constexpr Rect kTimePanel{120, 360, 2100, 330};
 constexpr Rect kTimeLabel{75, 45, 1950, 240};
 constexpr ui::Colour kBlack = 0x000000;
 constexpr ui::Colour kTimeColour = 0xC8C8C8;
@@ -59,10 +60,11 @@ frmScreen::~frmScreen() {
 
 void frmScreen::load() {
   services_.toolkit.open(*this);
+  guards_.open(nativeHandle());
   wmpPlayer_ = services_.engines.createMediaPlayer(nativeHandle());
   realPlayer_ = services_.engines.createRealPlayer(nativeHandle());
   playback_.attach(*wmpPlayer_, *realPlayer_);
-  guards_.attach(nativeHandle(), *wmpPlayer_, *realPlayer_);
+  guards_.attach(*wmpPlayer_, *realPlayer_);
   listenToEngines();
   layOut();
   raiseTimePanel();
@@ -79,6 +81,7 @@ void frmScreen::unloadScreen() {
   playback_.detach();
   realPlayer_.reset();
   wmpPlayer_.reset();
+  guards_.close();
   unload();
 }
 

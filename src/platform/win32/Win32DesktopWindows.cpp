@@ -52,7 +52,8 @@ Point Win32DesktopWindows::toScreen(WindowHandle window, Point client) const {
 }
 
 void Win32DesktopWindows::postClose(WindowHandle window) const {
-  PostMessageW(hwnd(window), WM_CLOSE, 0, 0);
+  // Some numbers are no windows but stand for all of them.
+  if (IsWindow(hwnd(window))) PostMessageW(hwnd(window), WM_CLOSE, 0, 0);
 }
 
 }  // namespace tessivo

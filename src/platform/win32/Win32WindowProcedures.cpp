@@ -56,9 +56,11 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }  // namespace
 
 std::uintptr_t Win32WindowProcedures::replace(WindowHandle window, Filter& filter) {
+  auto* const handle = reinterpret_cast<HWND>(window);
+  if (GetWindowThreadProcessId(handle, nullptr) != GetCurrentThreadId()) return 0;
   caught = {&filter, &log_};
-  return static_cast<std::uintptr_t>(SetWindowLongPtrW(reinterpret_cast<HWND>(window), GWLP_WNDPROC,
-                                                       reinterpret_cast<LONG_PTR>(&procedure)));
+  return static_cast<std::uintptr_t>(
+      SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
 }
 
 /// Only where ours is still the procedure: one that somebody put on top of it calls ours, which

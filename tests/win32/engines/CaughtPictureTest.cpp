@@ -22,7 +22,8 @@ class CaughtPictureTest : public TestControlStage {
     real->setVisible(true);
     wmp = std::make_unique<WindowsMediaPlayerControl>(stage, log, kNoSuchControl);
     SetWindowPos(stage, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    guards.attach(reinterpret_cast<WindowHandle>(stage), *wmp, *real);
+    guards.open(reinterpret_cast<WindowHandle>(stage));
+    guards.attach(*wmp, *real);
     caught.pictureMouse.listen([this](PictureMouse what) { mouse.push_back(what); });
     real->mousePoint.listen([this](Point point) { points.push_back(point); });
   }
@@ -30,6 +31,7 @@ class CaughtPictureTest : public TestControlStage {
     guards.detach();
     wmp.reset();
     real.reset();
+    guards.close();
   }
 
   void send(UINT message) const {

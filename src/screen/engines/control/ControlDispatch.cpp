@@ -7,7 +7,8 @@
 namespace tessivo {
 
 ControlDispatch::ControlDispatch(std::string name, IUnknown* control, Log& log)
-    : failures_(std::move(name), log), control_(ComPtr<IUnknown>(control).as<IDispatch>()) {}
+    : failures_(std::make_shared<MemberFailures>(std::move(name), log)),
+      control_(ComPtr<IUnknown>(control).as<IDispatch>()) {}
 
 bool ControlDispatch::call(DISPID member, const std::vector<Variant>& arguments) {
   // Last first, and borrowed: they stay the caller's.
@@ -35,10 +36,13 @@ bool ControlDispatch::put(DISPID member, const Variant& value) {
 }
 
 bool ControlDispatch::invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result) {
-  if (!control_) return false;
-  const HRESULT outcome = control_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags,
-                                           &parameters, result, nullptr, nullptr);
-  return failures_.succeeded(outcome, "member " + std::to_string(member));
+  // Both of our own: this object may be gone when the call returns.
+  const auto control = control_;
+  const auto failures = failures_;
+  if (!control) return false;
+  const HRESULT outcome = control->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                          result, nullptr, nullptr);
+  return failures->succeeded(outcome, "member " + std::to_string(member));
 }
 
 }  // namespace tessivo

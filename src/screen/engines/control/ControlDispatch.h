@@ -2,6 +2,7 @@
 
 #include <oaidl.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace tessivo {
 
 /// Reaches the members of one control by their dispatch identifiers. A member that fails, is not
 /// there or has no control to answer it says so by its return value and never throws; the first
-/// failure of each member is logged.
+/// failure of each member is logged. It may be destroyed inside a call.
 class ControlDispatch {
  public:
   /// `name` is for the log. `control` may be null: then every member fails, without a line, because
@@ -31,7 +32,7 @@ class ControlDispatch {
  private:
   bool invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result);
 
-  MemberFailures failures_;
+  std::shared_ptr<MemberFailures> failures_;
   ComPtr<IDispatch> control_;
 };
 

@@ -10,7 +10,6 @@ namespace tessivo {
 namespace {
 
 constexpr int kHimetricPerInch = 2540;
-constexpr int kPixelsPerInch = 96;
 
 /// Takes what a new COM object hands its maker: the one reference it was made with.
 template <typename T, typename... Arguments>
@@ -56,9 +55,21 @@ IID identifierOf(const ComPtr<ITypeInfo>& info) {
 
 }  // namespace
 
+ControlHost::Call::Call(ControlHost& host) : state_(host.calls_), serial_(state_->serial) {
+  ++state_->depth;
+}
+
+ControlHost::Call::~Call() {
+  if (--state_->depth == 0 && state_->host) state_->host->handOnSoon();
+}
+
 ControlHost::ControlHost(HWND parent, Setup setup, Log& log)
-    : setup_(std::move(setup)), log_(log), window_(*this) {
+    : setup_(std::move(setup)),
+      log_(log),
+      window_(*this),
+      calls_(std::make_shared<CallState>(CallState{this})) {
   window_.open(parent);
+  const Call call(*this);
   const HRESULT result = create();
   if (SUCCEEDED(result)) return;
   if (result == REGDB_E_CLASSNOTREG) {
@@ -70,6 +81,7 @@ ControlHost::ControlHost(HWND parent, Setup setup, Log& log)
 }
 
 ControlHost::~ControlHost() {
+  calls_->host = nullptr;
   close();
 }
 
@@ -77,7 +89,7 @@ HRESULT ControlHost::create() {
   HRESULT result = CoCreateInstance(setup_.control, nullptr, CLSCTX_INPROC_SERVER,
                                     __uuidof(IOleObject), object_.putVoid());
   if (FAILED(result)) return result;
-  site_ = make<ControlSite>(window_.handle());
+  site_ = make<ControlSite>(window_.handle(), [this] { onResized(); });
   if (FAILED(result = initialise())) return result;
   connect();
   return activate();
@@ -118,9 +130,11 @@ void ControlHost::connect() {
     return;
   }
   events_ = make<ControlEvents>(events, [this](DISPID event, std::vector<Variant> arguments) {
-    announce(event, std::move(arguments));
+    guarded(log_, [&] { announce(event, std::move(arguments)); });
   });
-  connection_->Advise(events_.get(), &cookie_);
+  if (FAILED(connection_->Advise(events_.get(), &cookie_))) {
+    log_.error(setup_.name + " tells nothing of its events");
+  }
 }
 
 void ControlHost::close() {
@@ -159,13 +173,24 @@ ComPtr<ITypeInfo> ControlHost::eventInfo() const {
 
 void ControlHost::announce(DISPID event, std::vector<Variant> arguments) {
   waiting_.push_back({event, std::move(arguments)});
-  postEngineEvent(window_.handle(), EngineEvent::notify, 0, 0);
+  if (waiting_.size() == 1) handOnSoon();
 }
 
+void ControlHost::dropWaitingEvents(const std::function<bool(DISPID)>& which) {
+  ++calls_->serial;
+  std::erase_if(waiting_, [&](const Event& event) { return which(event.id); });
+}
+
+void ControlHost::handOnSoon() {
+  if (!waiting_.empty()) postEngineEvent(window_.handle(), EngineEvent::notify, 0, 0);
+}
+
+/// One event a message, so that the loop's other work has its turn.
 void ControlHost::onEngineEvent(EngineEvent, WPARAM, std::int32_t) {
-  if (waiting_.empty()) return;  // dropped since
+  if (waiting_.empty() || calls_->depth > 0) return;
   const Event event = std::move(waiting_.front());
   waiting_.pop_front();
+  handOnSoon();
   // The receiver may destroy this object.
   const OnEvent onEvent = setup_.onEvent;
   guarded(log_, [&] { onEvent(event.id, event.arguments); });
@@ -173,12 +198,16 @@ void ControlHost::onEngineEvent(EngineEvent, WPARAM, std::int32_t) {
 
 void ControlHost::onResized() {
   if (!object_) return;
+  const Call call(*this);
+  const auto object = object_;
   RECT area{};
   GetClientRect(window_.handle(), &area);
-  SIZEL extent{MulDiv(area.right, kHimetricPerInch, kPixelsPerInch),
-               MulDiv(area.bottom, kHimetricPerInch, kPixelsPerInch)};
-  object_->SetExtent(DVASPECT_CONTENT, &extent);
-  if (const auto place = object_.as<IOleInPlaceObject>()) place->SetObjectRects(&area, &area);
+  // Controls turn it back into pixels by the system's resolution, not by the monitor's.
+  const auto perInch = static_cast<int>(GetDpiForSystem());
+  SIZEL extent{MulDiv(area.right, kHimetricPerInch, perInch),
+               MulDiv(area.bottom, kHimetricPerInch, perInch)};
+  object->SetExtent(DVASPECT_CONTENT, &extent);
+  if (const auto place = object.as<IOleInPlaceObject>()) place->SetObjectRects(&area, &area);
 }
 
 }  // namespace tessivo

@@ -19,11 +19,21 @@
 namespace tessivo {
 
 class ControlEvents;
+class ControlHost;
 class ControlSite;
+
+/// The calls of members that are under way; outlives the host when it is destroyed in one.
+struct CallState {
+  ControlHost* host = nullptr;
+  int depth = 0;
+  unsigned serial = 0;  ///< of what is meant; moves on when something is given up
+};
 
 /// Hosts one installed control (an in-place active OLE object) in a child window of its own, and
 /// hands its events on from the message loop: also those that the control fires inside a call of
-/// one of its members. User-interface thread only, COM initialised as a single-threaded apartment.
+/// one of its members, where a control may run a message loop of its own (a dialog, say). Such a
+/// loop also lets the program go on: what it does to the slot then is done inside the call.
+/// User-interface thread only, OLE initialised.
 class ControlHost : private EngineWindow::Owner {
  public:
   /// An event's dispatch identifier and its arguments in the order of declaration. May destroy the
@@ -40,6 +50,23 @@ class ControlHost : private EngineWindow::Owner {
   };
 
   /// `log` gets a line when the control cannot be made.
+  /// Stands on the stack around each call of a member. While one does, events wait.
+  class Call {
+   public:
+    explicit Call(ControlHost& host);
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+    /// The host has not been destroyed meanwhile.
+    bool hostIsThere() const { return state_->host != nullptr; }
+    /// Nor has anything been given up: the outcome of the call still matters.
+    bool isStillMeant() const { return hostIsThere() && state_->serial == serial_; }
+
+   private:
+    std::shared_ptr<CallState> state_;
+    unsigned serial_;
+  };
+
   ControlHost(HWND parent, Setup setup, Log& log);
   ~ControlHost() override;
   ControlHost(const ControlHost&) = delete;
@@ -59,8 +86,8 @@ class ControlHost : private EngineWindow::Owner {
 
   /// Hands on as if the control had fired it: from the message loop, behind what waits already.
   void announce(DISPID event, std::vector<Variant> arguments = {});
-  /// Drops the events that wait to be handed on: they speak of what has been given up.
-  void dropWaitingEvents() { waiting_.clear(); }
+  /// Drops those of the events that wait to be handed on: they speak of what has been given up.
+  void dropWaitingEvents(const std::function<bool(DISPID)>& which);
 
   /// The description of the control's default events; empty when the control gives none.
   ComPtr<ITypeInfo> eventInfo() const;
@@ -71,6 +98,7 @@ class ControlHost : private EngineWindow::Owner {
     std::vector<Variant> arguments;
   };
 
+  void handOnSoon();
   HRESULT create();
   HRESULT initialise();
   HRESULT activate();
@@ -86,6 +114,7 @@ class ControlHost : private EngineWindow::Owner {
   Log& log_;
   EngineWindow window_;
   std::deque<Event> waiting_;
+  std::shared_ptr<CallState> calls_;
   ComPtr<ControlSite> site_;
   ComPtr<ControlEvents> events_;
   ComPtr<IOleObject> object_;

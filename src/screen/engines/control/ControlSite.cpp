@@ -40,6 +40,11 @@ HRESULT ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWin
   return S_OK;
 }
 
+HRESULT ControlSite::OnPosRectChange(const RECT*) {
+  if (place_) place_();
+  return S_OK;
+}
+
 HRESULT ControlSite::OnInPlaceActivateEx(BOOL* noRedraw, DWORD) {
   if (noRedraw) *noRedraw = FALSE;
   return S_OK;

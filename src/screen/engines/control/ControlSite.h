@@ -5,19 +5,27 @@
 #include <oleidl.h>
 #include <windows.h>
 
+#include <functional>
+#include <utility>
+
 #include "screen/engines/control/ComObject.h"
 
 namespace tessivo {
 
 /// What a hosted control sees of its container: a place in a window, without menus, status line or
-/// tool bars, that never lets the control take the keyboard away.
+/// tool bars, that does not offer the control the keyboard.
 class ControlSite final
     : public ComObject<IOleClientSite, IOleInPlaceSiteEx, IOleInPlaceFrame, IDispatch> {
  public:
-  explicit ControlSite(HWND window) : window_(window) {}
+  /// `place` gives the control its place again.
+  ControlSite(HWND window, std::function<void()> place)
+      : window_(window), place_(std::move(place)) {}
 
   /// The control has been let go of; what it still asks is refused.
-  void detach() { window_ = nullptr; }
+  void detach() {
+    window_ = nullptr;
+    place_ = nullptr;
+  }
 
   // IOleClientSite
   STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
@@ -44,7 +52,7 @@ class ControlSite final
   STDMETHODIMP DiscardUndoState() override { return E_NOTIMPL; }
   STDMETHODIMP DeactivateAndUndo() override { return E_NOTIMPL; }
   /// Kept in the window's whole area whatever the control asks for.
-  STDMETHODIMP OnPosRectChange(const RECT*) override { return S_OK; }
+  STDMETHODIMP OnPosRectChange(const RECT*) override;
 
   // IOleInPlaceSiteEx
   STDMETHODIMP OnInPlaceActivateEx(BOOL* noRedraw, DWORD) override;
@@ -76,6 +84,7 @@ class ControlSite final
   void* find(REFIID id) override;
 
   HWND window_;
+  std::function<void()> place_;
 };
 
 }  // namespace tessivo

@@ -49,6 +49,8 @@ class Variant {
 
   VARIANT* get() { return &value_; }
   const VARIANT& operator*() const { return value_; }
+  /// The text; null when it is none.
+  BSTR bstr() const { return value_.vt == VT_BSTR ? value_.bstrVal : nullptr; }
   VARTYPE type() const { return value_.vt; }
 
   /// The value as a number, however it was sent; 0 when it is none.

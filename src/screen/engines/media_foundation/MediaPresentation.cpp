@@ -62,7 +62,22 @@ void MediaPresentation::close() {
   {
     const std::lock_guard lock(mutex_);
     if (std::exchange(closing_, true)) return;
-    session = session_;
+    if (!starting_) session = session_;
+  }
+  if (session) session->Close();
+}
+
+bool MediaPresentation::mayStart() {
+  const std::lock_guard lock(mutex_);
+  starting_ = !closing_ && runsOnWine();
+  return !closing_;
+}
+
+void MediaPresentation::startIsOver() {
+  ComPtr<IMFMediaSession> session;
+  {
+    const std::lock_guard lock(mutex_);
+    if (std::exchange(starting_, false) && closing_) session = session_;
   }
   if (session) session->Close();
 }
@@ -177,6 +192,7 @@ void MediaPresentation::followSession() {
 }
 
 void MediaPresentation::handleEvent(IMFMediaEvent* event, MediaEventType type, HRESULT status) {
+  if (type == MESessionStarted || FAILED(status)) startIsOver();
   if (FAILED(status)) {
     // A machine without a sound device still shows the picture.
     if (type == MESessionTopologySet && withSound_ && hasPicture_ &&
@@ -226,7 +242,11 @@ void MediaPresentation::sessionIsReady() {
   }
   double start = order_.startSeconds;
   if (duration_ != 0) start = std::min(start, static_cast<double>(duration_) / kTicksPerSecond);
-  if (const HRESULT hr = startSession(session_.get(), start); FAILED(hr)) fail(hr);
+  if (!mayStart()) return;
+  if (const HRESULT hr = startSession(session_.get(), start); FAILED(hr)) {
+    startIsOver();
+    fail(hr);
+  }
 }
 
 void MediaPresentation::fail(HRESULT reason) {

@@ -52,6 +52,10 @@ class MediaPresentation final : public AttemptThread {
   void followSession();
   void handleEvent(IMFMediaEvent* event, MediaEventType type, HRESULT status);
   void sessionIsReady();
+  /// False when the attempt is to close instead.
+  bool mayStart();
+  /// Closes the session when that was ordered during the start.
+  void startIsOver();
   void fail(HRESULT reason);
   void shutDown();
   template <typename T>
@@ -68,6 +72,9 @@ class MediaPresentation final : public AttemptThread {
 
   mutable std::mutex mutex_;  // of the members below; never held during a call of theirs
   bool closing_ = false;
+  /// Wine's source, closed while it starts, frees everything twice: the start comes to its end
+  /// first.
+  bool starting_ = false;
   ComPtr<IMFMediaSession> session_;
   ComPtr<IMFPresentationClock> clock_;
   ComPtr<IMFAudioStreamVolume> volume_;

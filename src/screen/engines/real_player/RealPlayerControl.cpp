@@ -43,7 +43,7 @@ RealPlayerControl::RealPlayerControl(HWND parent, Log& log)
 }
 
 RealPlayerControl::~RealPlayerControl() {
-  if (canStop()) control_.call(kStop);
+  if (canStop()) call(kStop);
 }
 
 void RealPlayerControl::sayWhatIsNotTold(Log& log) const {
@@ -54,49 +54,65 @@ void RealPlayerControl::sayWhatIsNotTold(Log& log) const {
   if (!missing.empty()) log.error(std::string(kName) + " describes no event for:" + missing);
 }
 
+bool RealPlayerControl::call(DISPID member, const std::vector<Variant>& arguments) {
+  const ControlHost::Call during(host_);
+  return control_.call(member, arguments);
+}
+
+std::int32_t RealPlayerControl::ask(DISPID query) const {
+  const ControlHost::Call during(host_);
+  return control_.get(query).number();
+}
+
+void RealPlayerControl::dropWaitingEvents() {
+  host_.dropWaitingEvents([](DISPID) { return true; });
+}
+
 void RealPlayerControl::setSource(const std::string& source) {
+  const ControlHost::Call during(host_);
   control_.put(kSource, Variant(toWide(source)));
   // After the call: what the control told inside it is about the old item too.
-  host_.dropWaitingEvents();
+  if (during.isStillMeant()) dropWaitingEvents();
 }
 
 void RealPlayerControl::play() {
-  if (!control_.call(kPlay)) host_.announce(kPlayRefused);
+  const ControlHost::Call during(host_);
+  if (!control_.call(kPlay) && during.isStillMeant()) host_.announce(kPlayRefused);
 }
 
 void RealPlayerControl::pause() {
-  control_.call(kPause);
+  call(kPause);
 }
 
 void RealPlayerControl::stop() {
   // Before the call: the stop itself is reported.
-  host_.dropWaitingEvents();
-  control_.call(kStop);
+  dropWaitingEvents();
+  call(kStop);
 }
 
 bool RealPlayerControl::canStop() const {
-  return control_.get(kCanStop).number() != 0;
+  return ask(kCanStop) != 0;
 }
 
 std::int32_t RealPlayerControl::lengthMs() const {
-  return control_.get(kLength).number();
+  return ask(kLength);
 }
 
 void RealPlayerControl::setPositionMs(std::int32_t position) {
-  control_.call(kSetPosition, {Variant(position)});
+  call(kSetPosition, {Variant(position)});
 }
 
 void RealPlayerControl::setVolume(std::int16_t volume) {
-  control_.call(kSetVolume, {Variant::numberByReference(volume)});
+  call(kSetVolume, {Variant::numberByReference(volume)});
 }
 
 void RealPlayerControl::setMute(bool mute) {
   VARIANT_BOOL flag = mute ? VARIANT_TRUE : VARIANT_FALSE;
-  control_.call(kSetMute, {Variant::flagByReference(flag)});
+  call(kSetMute, {Variant::flagByReference(flag)});
 }
 
 void RealPlayerControl::setSetting(Setting setting, bool value) {
-  control_.call(static_cast<DISPID>(setting), {Variant(value)});
+  call(static_cast<DISPID>(setting), {Variant(value)});
 }
 
 /// A listener may destroy this object: nothing is done after a notification.

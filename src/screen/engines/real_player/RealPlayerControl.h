@@ -50,8 +50,11 @@ class RealPlayerControl final : public RealPlayerSlot {
  private:
   void onEvent(DISPID event, const std::vector<Variant>& arguments);
   void sayWhatIsNotTold(Log& log) const;
+  bool call(DISPID member, const std::vector<Variant>& arguments = {});
+  std::int32_t ask(DISPID query) const;
+  void dropWaitingEvents();
 
-  ControlHost host_;
+  mutable ControlHost host_;         ///< knows that a query is under way
   mutable ControlDispatch control_;  ///< remembers which queries have failed
   RealPlayerEvents events_;
 };

@@ -24,37 +24,65 @@ Variant text(const std::string& utf8) {
   return Variant(toWide(utf8));
 }
 
+/// An event of a source, not of the mouse.
+bool isOfPlaying(DISPID event) {
+  return event == DISPID_WMPCOREEVENT_PLAYSTATECHANGE || event == DISPID_WMPCOREEVENT_MEDIAERROR;
+}
+
 }  // namespace
 
 const CLSID kWindowsMediaPlayerControl = {
     0x6bf52a52, 0x394a, 0x11d3, {0xb1, 0x53, 0x00, 0xc0, 0x4f, 0x79, 0xfa, 0xa6}};
 
 WindowsMediaPlayerControl::WindowsMediaPlayerControl(HWND parent, Log& log, const CLSID& control)
-    : failures_(kName, log),
-      host_(parent,
+    : host_(parent,
             {kName,
              control,
              {},
              [this](DISPID event, const std::vector<Variant>& arguments) {
                onEvent(event, arguments);
              }},
-            log) {
+            log),
+      failures_(std::make_shared<MemberFailures>(kName, log)),
+      // Wine's control never comes back from the next stop after it has sought in a film that
+      // plays.
+      seeksWhilePlaying_(!runsOnWine() || control != kWindowsMediaPlayerControl) {
   if (host_.created()) setUp();
+}
+
+/// A control that is let go of while it plays may go on.
+WindowsMediaPlayerControl::~WindowsMediaPlayerControl() {
+  attempt("controls.stop", [](const Members& its) { return its.controls->stop(); });
+  attempt("close", [](const Members& its) { return its.player->close(); });
 }
 
 /// The rest of the settings is made whenever the playback window lays its engines out.
 void WindowsMediaPlayerControl::setUp() {
-  if (!ok(host_.control()->QueryInterface(__uuidof(IWMPPlayer), player_.putVoid()), "player")) {
+  const auto members = std::make_shared<Members>();
+  const ComPtr<IUnknown> control(host_.control());
+  members->player = control.as<IWMPPlayer>();
+  if (!members->player ||
+      !failures_->succeeded(members->player->get_controls(members->controls.put()), "controls") ||
+      !failures_->succeeded(members->player->get_settings(members->settings.put()), "settings") ||
+      !members->controls || !members->settings) {
     return;
   }
-  ok(player_->get_controls(controls_.put()), "controls");
-  if (ok(player_->get_settings(settings_.put()), "settings")) {
-    ok(settings_->put_autoStart(VARIANT_FALSE), "settings.autoStart");
-  }
-  ok(player_->put_uiMode((*text("none")).bstrVal), "uiMode");
-  if (const auto newer = player_.as<IWMPPlayer4>()) {
-    ok(newer->put_stretchToFit(VARIANT_TRUE), "stretchToFit");
-  }
+  members_ = members;
+  attempt("settings.autoStart",
+          [](const Members& its) { return its.settings->put_autoStart(VARIANT_FALSE); });
+  attempt("uiMode", [](const Members& its) { return its.player->put_uiMode(text("none").bstr()); });
+  attempt("stretchToFit", [](const Members& its) {
+    const auto newer = its.player.as<IWMPPlayer4>();
+    return newer ? newer->put_stretchToFit(VARIANT_TRUE) : E_NOINTERFACE;
+  });
+}
+
+bool WindowsMediaPlayerControl::attempt(const char* member,
+                                        const std::function<HRESULT(const Members&)>& call) const {
+  const ControlHost::Call during(host_);
+  const auto members = members_;
+  const auto failures = failures_;
+  return members && failures->succeeded(call(*members), member);
 }
 
 void WindowsMediaPlayerControl::setUrl(const std::string& url) {
@@ -63,33 +91,38 @@ void WindowsMediaPlayerControl::setUrl(const std::string& url) {
   playOrdered_ = false;
   cannotPlay_ = false;
   state_ = MediaPlayState::undefined;
-  host_.dropWaitingEvents();
-  if (player_) ok(player_->put_URL((*text(url)).bstrVal), "URL");
+  host_.dropWaitingEvents(&isOfPlaying);
+  attempt("URL", [&](const Members& its) { return its.player->put_URL(text(url).bstr()); });
 }
 
 void WindowsMediaPlayerControl::play() {
   playOrdered_ = true;
+  const ControlHost::Call during(host_);
   const bool hopeless = std::exchange(cannotPlay_, false);
-  if (!hopeless && controls_ && ok(controls_->play(), "controls.play")) return;
-  host_.announce(DISPID_WMPCOREEVENT_MEDIAERROR);
+  if (!hopeless &&
+      attempt("controls.play", [](const Members& its) { return its.controls->play(); })) {
+    return;
+  }
+  if (during.isStillMeant()) host_.announce(DISPID_WMPCOREEVENT_MEDIAERROR);
 }
 
 void WindowsMediaPlayerControl::pause() {
-  if (controls_) ok(controls_->pause(), "controls.pause");
+  attempt("controls.pause", [](const Members& its) { return its.controls->pause(); });
 }
 
 void WindowsMediaPlayerControl::stop() {
   startAt_ = 0;
   playOrdered_ = false;
-  if (controls_) ok(controls_->stop(), "controls.stop");
+  host_.dropWaitingEvents(&isOfPlaying);
+  attempt("controls.stop", [](const Members& its) { return its.controls->stop(); });
 }
 
 double WindowsMediaPlayerControl::currentPosition() const {
+  if (startAt_ > 0) return startAt_;
   double seconds = 0;
-  if (!controls_ || !ok(controls_->get_currentPosition(&seconds), "controls.currentPosition")) {
-    return startAt_;
-  }
-  return startAt_ > 0 ? startAt_ : seconds;
+  attempt("controls.currentPosition",
+          [&](const Members& its) { return its.controls->get_currentPosition(&seconds); });
+  return seconds;
 }
 
 void WindowsMediaPlayerControl::setCurrentPosition(double seconds) {
@@ -99,65 +132,75 @@ void WindowsMediaPlayerControl::setCurrentPosition(double seconds) {
   seek(seconds, open);
 }
 
-/// Wine's control never comes back from the next stop after it has sought in a film that plays, so
-/// that there is no seeking there.
 void WindowsMediaPlayerControl::seek(double seconds, bool open) {
-  if (!controls_) return;
-  const bool hangs = open && runsOnWine();
-  ok(hangs ? E_NOTIMPL : controls_->put_currentPosition(seconds), "seeking");
+  const bool serves = !open || seeksWhilePlaying_;
+  attempt("seeking", [&](const Members& its) {
+    return serves ? its.controls->put_currentPosition(seconds) : E_NOTIMPL;
+  });
 }
 
 MediaPlayState WindowsMediaPlayerControl::playState() const {
+  const MediaPlayState notified = state_;
   WMPPlayState state = wmppsUndefined;
-  if (!player_ || !ok(player_->get_playState(&state), "playState")) return state_;
-  return static_cast<MediaPlayState>(state);
+  const bool answered =
+      attempt("playState", [&](const Members& its) { return its.player->get_playState(&state); });
+  return answered ? static_cast<MediaPlayState>(state) : notified;
 }
 
 std::optional<double> WindowsMediaPlayerControl::currentMediaDuration() const {
   ComPtr<IWMPMedia> media;
+  attempt("currentMedia",
+          [&](const Members& its) { return its.player->get_currentMedia(media.put()); });
   double seconds = 0;
-  if (!player_ || !ok(player_->get_currentMedia(media.put()), "currentMedia") || !media ||
-      !ok(media->get_duration(&seconds), "currentMedia.duration")) {
+  if (!media || !attempt("currentMedia.duration",
+                         [&](const Members&) { return media->get_duration(&seconds); })) {
     return std::nullopt;
   }
   return seconds;
 }
 
 void WindowsMediaPlayerControl::setVolume(int volume) {
-  if (settings_) ok(settings_->put_volume(volume), "settings.volume");
+  attempt("settings.volume", [&](const Members& its) { return its.settings->put_volume(volume); });
 }
 
 void WindowsMediaPlayerControl::setMute(bool mute) {
-  if (settings_) ok(settings_->put_mute(variantBool(mute)), "settings.mute");
+  attempt("settings.mute",
+          [&](const Members& its) { return its.settings->put_mute(variantBool(mute)); });
 }
 
 void WindowsMediaPlayerControl::setEnableErrorDialogs(bool enable) {
-  if (!settings_) return;
-  ok(settings_->put_enableErrorDialogs(variantBool(enable)), "settings.enableErrorDialogs");
+  attempt("settings.enableErrorDialogs", [&](const Members& its) {
+    return its.settings->put_enableErrorDialogs(variantBool(enable));
+  });
 }
 
 void WindowsMediaPlayerControl::setInvokeUrls(bool invoke) {
-  if (settings_) ok(settings_->put_invokeURLs(variantBool(invoke)), "settings.invokeURLs");
+  attempt("settings.invokeURLs",
+          [&](const Members& its) { return its.settings->put_invokeURLs(variantBool(invoke)); });
 }
 
 void WindowsMediaPlayerControl::setEnableContextMenu(bool enable) {
-  if (player_) ok(player_->put_enableContextMenu(variantBool(enable)), "enableContextMenu");
+  attempt("enableContextMenu", [&](const Members& its) {
+    return its.player->put_enableContextMenu(variantBool(enable));
+  });
 }
 
 bool WindowsMediaPlayerControl::fullScreen() const {
   VARIANT_BOOL full = VARIANT_FALSE;
-  return player_ && ok(player_->get_fullScreen(&full), "fullScreen") && full != VARIANT_FALSE;
+  attempt("fullScreen", [&](const Members& its) { return its.player->get_fullScreen(&full); });
+  return full != VARIANT_FALSE;
 }
 
 void WindowsMediaPlayerControl::setFullScreen(bool fullScreen) {
-  if (player_) ok(player_->put_fullScreen(variantBool(fullScreen)), "fullScreen");
+  attempt("setting fullScreen",
+          [&](const Members& its) { return its.player->put_fullScreen(variantBool(fullScreen)); });
 }
 
 void WindowsMediaPlayerControl::clearErrorQueue() {
   ComPtr<IWMPError> errors;
-  if (player_ && ok(player_->get_Error(errors.put()), "Error") && errors) {
-    ok(errors->clearErrorQueue(), "Error.clearErrorQueue");
-  }
+  attempt("Error", [&](const Members& its) { return its.player->get_Error(errors.put()); });
+  if (!errors) return;
+  attempt("Error.clearErrorQueue", [&](const Members&) { return errors->clearErrorQueue(); });
 }
 
 void WindowsMediaPlayerControl::onEvent(DISPID event, const std::vector<Variant>& arguments) {
@@ -185,8 +228,10 @@ void WindowsMediaPlayerControl::stateChanged(MediaPlayState state) {
   state_ = state;
   if (state == MediaPlayState::playing && startAt_ > 0) {
     // Set before the source was open, it may have been lost.
+    const ControlHost::Call during(host_);
     const double start = std::exchange(startAt_, 0);
     if (std::abs(currentPosition() - start) > kNearSeconds) seek(start, true);
+    if (!during.hostIsThere()) return;
   }
   playStateChange.raise(state);
 }

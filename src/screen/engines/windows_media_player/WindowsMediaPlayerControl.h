@@ -4,6 +4,8 @@
 // After windows.h, which it needs:
 #include <wmp.h>
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,8 +29,9 @@ class WindowsMediaPlayerControl final : public MediaPlayerSlot {
   /// `log` gets a line for each member that fails, the first time.
   WindowsMediaPlayerControl(HWND parent, Log& log,
                             const CLSID& control = kWindowsMediaPlayerControl);
+  ~WindowsMediaPlayerControl() override;
 
-  bool created() const { return player_.get() != nullptr; }
+  bool created() const { return members_ != nullptr; }
   ControlHost& host() { return host_; }
 
   bool visible() const override { return host_.visible(); }
@@ -57,18 +60,26 @@ class WindowsMediaPlayerControl final : public MediaPlayerSlot {
   void clearErrorQueue() override;
 
  private:
+  /// The parts of the control; all there or none.
+  struct Members {
+    ComPtr<IWMPPlayer> player;
+    ComPtr<IWMPControls> controls;
+    ComPtr<IWMPSettings> settings;
+  };
+
   void setUp();
   void onEvent(DISPID event, const std::vector<Variant>& arguments);
   void stateChanged(MediaPlayState state);
   void failed();
   void seek(double seconds, bool open);
-  bool ok(HRESULT result, const char* member) const { return failures_.succeeded(result, member); }
+  /// Calls a member; false when it failed or there is no control. This object may be gone then: a
+  /// control may run a message loop inside.
+  bool attempt(const char* member, const std::function<HRESULT(const Members&)>& call) const;
 
-  mutable MemberFailures failures_;
-  ControlHost host_;
-  ComPtr<IWMPPlayer> player_;
-  ComPtr<IWMPControls> controls_;
-  ComPtr<IWMPSettings> settings_;
+  mutable ControlHost host_;  ///< knows that a call is under way
+  std::shared_ptr<MemberFailures> failures_;
+  std::shared_ptr<const Members> members_;
+  bool seeksWhilePlaying_;
   std::string url_;
   MediaPlayState state_ = MediaPlayState::undefined;  ///< as notified last
   double startAt_ = 0;                                ///< seconds: where the next play begins
