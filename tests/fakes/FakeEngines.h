@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -92,7 +93,10 @@ class FakeRealPlayer : public RealPlayerSlot {
     note("move");
   }
   void setSource(const std::string& source) override { note("source " + source); }
-  void play() override { note("play"); }
+  void play() override {
+    note("play");
+    if (whenPlayed) whenPlayed();
+  }
   void pause() override { note("pause"); }
   void stop() override { note("stop"); }
   bool canStop() const override { return active; }
@@ -112,6 +116,7 @@ class FakeRealPlayer : public RealPlayerSlot {
   bool active = false;
   std::int32_t length = 0;
   Rect area;
+  std::function<void()> whenPlayed;  ///< runs inside `play`
 
  private:
   void note(const std::string& step) { trace_.add("real " + step); }

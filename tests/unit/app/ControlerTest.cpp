@@ -182,6 +182,13 @@ TEST_F(ControlerTest, VolumeAndRuleAreStoredAndHandedOn) {
   EXPECT_EQ(screen.lngPlayRuler(), playRule::kPreferMedia);
 }
 
+TEST_F(ControlerTest, AFilePathGoesToThePlaybackWindow) {
+  controler.setFilePath("C:\\v\\b.avi");
+  EXPECT_EQ(screen.strFilePath(), "C:\\v\\b.avi");
+  EXPECT_EQ(trace.take(),
+            "wmp stop | wmp position 0 | wmp url C:\\v\\b.avi | real source C:\\v\\b.avi");
+}
+
 TEST_F(ControlerTest, MuteLengthAndPositionGoToThePlaybackWindow) {
   controler.setMute(true);
   EXPECT_TRUE(screen.boolMute());
@@ -240,6 +247,28 @@ TEST_F(ControlerTest, OnASharedEdgeThePrimaryMonitorWins) {
   EXPECT_EQ(screen.maximum(), (Rect{0, 0, 1280, 1024}));
 }
 
+TEST_F(ControlerTest, AllFourEdgesOfAMonitorBelongToIt) {
+  constexpr Rect kApart{4000, 100, 800, 600};
+  displays.add(kApart);
+  for (const Point edge : {Point{4000, 300}, {4800, 300}, {4400, 100}, {4400, 700}}) {
+    screen.boolMaxSize(false);
+    screen.setMaximum({});
+    pointer.at = edge;
+    screen.DbClickPlayer.raise(false);
+    EXPECT_TRUE(screen.boolMaxSize()) << edge.x << "," << edge.y;
+    EXPECT_EQ(screen.maximum(), kApart) << edge.x << "," << edge.y;
+  }
+}
+
+TEST_F(ControlerTest, APixelBeyondAnyEdgeOfAMonitorDoesNot) {
+  displays.add({4000, 100, 800, 600});
+  for (const Point beyond : {Point{3999, 300}, {4801, 300}, {4400, 99}, {4400, 701}}) {
+    pointer.at = beyond;
+    screen.DbClickPlayer.raise(false);
+    EXPECT_FALSE(screen.boolMaxSize()) << beyond.x << "," << beyond.y;
+  }
+}
+
 TEST_F(ControlerTest, ADoubleClickOnNoMonitorDoesNothing) {
   pointer.at = {-5000, 0};
   screen.DbClickPlayer.raise(false);
@@ -251,6 +280,19 @@ TEST_F(ControlerTest, ADoubleClickInFullScreenBringsThePanelUp) {
   pointer.at = {10, 10};
   screen.DbClickPlayer.raise(true);
   EXPECT_EQ(trace.take(), "panel restored | panel front");
+}
+
+TEST_F(ControlerTest, ADoubleClickOnMediaPlayerGoesFullScreenAndBringsThePanelUpOnTheNextTurn) {
+  pointer.at = {200, 200};  // the panel is on this monitor
+  wmp().click.raise(MouseButton::left);
+  wmp().doubleClick.raise();
+  EXPECT_TRUE(screen.boolMaxSize());
+  EXPECT_TRUE(trace.take().ends_with("panel on top | state 6"));
+  time.advance(1);
+  EXPECT_EQ(trace.take(), "panel restored | panel front");
+  time.advance(500);  // the single click was dropped
+  EXPECT_EQ(trace.take(), "");
+  EXPECT_TRUE(screen.boolMaxSize());
 }
 
 TEST_F(ControlerTest, AClickBringsThePanelToTheMonitorUnderThePointer) {
@@ -325,6 +367,32 @@ TEST_F(ControlerTest, AWindowThatAnEnginePopsUpIsClosedFromTheStartToTheSave) {
   controler.exitSys();
   EXPECT_TRUE(watchedInPump);
   EXPECT_FALSE(shownWindows.show);
+}
+
+TEST_F(ControlerTest, WindowsAreWatchedUntilEverythingIsSaved) {
+  controler.config().strDBFilePath(folder.file("no/such/folder/SysConfig"));
+  playList.strPLDBFilePath(folder.file("no/such/folder/SysConfig"));
+  addThree();
+  std::string watched;
+  loop.whilePumping = [&] { watched += shownWindows.show ? "y" : "n"; };
+  controler.exitSys();
+  // One pump for the engines, nine for either of the two that cannot be saved.
+  EXPECT_EQ(watched, std::string(19, 'y'));
+  EXPECT_FALSE(shownWindows.show);
+}
+
+TEST_F(ControlerTest, WhatHappensWhileTheEnginesSettleReachesNoPanel) {
+  loop.whilePumping = [this] {
+    screen.JinDu.raise(32, 65, "00:01:05", 200, "00:03:20");
+    screen.PlayErr.raise("why");
+    screen.PlayOver.raise();
+    screen.clickPopuMenu.raise(menuCode::kShowMainFace);
+    screen.ClickPlayer.raise();
+    screen.DbClickPlayer.raise(true);
+  };
+  trace.take();
+  controler.exitSys();
+  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
 }
 
 TEST_F(ControlerTest, LeavingGivesTheCaughtWindowsBackFirstAndCatchesNoMore) {

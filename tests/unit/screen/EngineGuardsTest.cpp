@@ -81,6 +81,18 @@ TEST_F(EngineGuardsTest, AfterUnloadingACaughtWindowIsHarmless) {
   EXPECT_TRUE(windows.closed.empty());
 }
 
+TEST_F(EngineGuardsTest, UnloadingForgetsTheWindowsThatWaitToBeClosed) {
+  guards().noteShown(popup(7));
+  guards().noteShown(popup(8));
+  screen.unloadScreen();
+  time.advance(1000);
+  EXPECT_TRUE(windows.closed.empty());
+  screen.load();
+  guards().noteShown(popup(9));
+  time.advance(1000);
+  EXPECT_EQ(windows.closed, Handles{9});
+}
+
 TEST_F(EngineGuardsTest, UnloadingEndsTheTimers) {
   guards().noteShown(popup(7));
   guards().timDisableWMPFullScreen.setEnabled(true);

@@ -155,6 +155,28 @@ TEST_F(FrmScreenGesturesTest, ResizingLaysBothEnginesOut) {
   EXPECT_TRUE(screen.timSetTimShowBackZOrder.enabled());
 }
 
+TEST_F(FrmScreenGesturesTest, EveryResizeArmsTheTimePanelsTimer) {
+  for (const std::int32_t width : {6000, 7500}) {
+    time.advance(1000);
+    ASSERT_FALSE(screen.timSetTimShowBackZOrder.enabled());
+    screen.noteMoved({0, 0, width, 4500});
+    EXPECT_TRUE(screen.timSetTimShowBackZOrder.enabled()) << width;
+  }
+}
+
+TEST_F(FrmScreenGesturesTest, ClicksThatArePendingAreDroppedByUnloading) {
+  screen.boolMaxSize(true);  // there the double click leaves the single click pending
+  wmp().click.raise(MouseButton::left);
+  wmp().doubleClick.raise();
+  ASSERT_TRUE(screen.timDelayRaiseClickEvent.enabled());
+  ASSERT_TRUE(screen.timDBClickEvent.enabled());
+  screen.unloadScreen();
+  EXPECT_EQ(time.running(), 0U);
+  trace.take();
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "");
+}
+
 /// Notes when the time panel is brought to the front.
 struct FrontPeer : ui::Peer {
   explicit FrontPeer(Trace& t) : trace(t) {}
@@ -179,6 +201,26 @@ TEST_F(FrmScreenGesturesTest, TheTimePanelComesToTheFrontWhenPlayingAndASecondLa
   EXPECT_EQ(trace.take(), "time panel front");
   time.advance(5000);
   EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(FrmScreenGesturesTest, MediaPlayerPlaysFirstThenComesTheTimePanelThenTheMuteState) {
+  struct StatePeer : FrontPeer {
+    StatePeer(Trace& t, const frmScreen& s) : FrontPeer(t), screen(s) {}
+    void bringToFront() override {
+      trace.add("time panel front in state " + std::to_string(screen.lngState()));
+    }
+    const frmScreen& screen;
+  };
+  time.advance(1000);
+  screen.picTimShowBack.attachPeer(std::make_unique<StatePeer>(trace, screen));
+  screen.lngPlayRuler(playRule::kMediaOnly);
+  screen.strFilePath("C:\\a.avi");
+  screen.play();
+  time.advance(1);
+  trace.take();
+  wmp().notify(MediaPlayState::playing);
+  EXPECT_EQ(trace.take(), "time panel front in state 1 | wmp sound");
+  EXPECT_TRUE(screen.timSetTimShowBackZOrder.enabled());
 }
 
 TEST_F(FrmScreenGesturesTest, TheTimePanelTimerIsOneShot) {

@@ -161,6 +161,13 @@ TEST_F(PlaybackRouteTest, AnEarlyStopIsAnErrorAndALaterOneTheEnd) {
   EXPECT_EQ(trace.take(), "wmp stop | wmp position 0 | PlayOver");
 }
 
+TEST_F(PlaybackRouteTest, TheEarlyStopWindowIsOpenWhenRealPlayerIsToldToPlay) {
+  std::vector<bool> open;
+  real().whenPlayed = [&] { open.push_back(screen.playback().timRealPopuWinErrCheck.enabled()); };
+  order(playRule::kRealOnly);
+  EXPECT_EQ(open, std::vector<bool>{true});
+}
+
 TEST_F(PlaybackRouteTest, AnEarlyStopUnderPreferRealStartsMediaPlayer) {
   order(playRule::kPreferReal);
   real().notify(RealPlayState::stopped);

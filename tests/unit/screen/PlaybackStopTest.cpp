@@ -205,6 +205,20 @@ TEST_F(PlaybackStopTest, TheStopOfANewPathIsNoFailureOfTheItemThatStarts) {
   EXPECT_EQ(screen.lngState(), playState::kStarting);
 }
 
+TEST_F(PlaybackStopTest, AStopThatNeverComesSwallowsNoFailureOfTheNewItem) {
+  startPlaying(playRule::kRealOnly);
+  screen.strFilePath("C:\\b.avi");
+  real().active = false;
+  ASSERT_TRUE(screen.play());
+  time.advance(1);
+  real().notify(RealPlayState::contacting);
+  trace.take();
+  real().notify(RealPlayState::stopped);
+  EXPECT_EQ(afterALongWhile(),
+            "wmp stop | wmp position 0 | "
+            "PlayErr Real Play无法播放该文件,请通过播放器选择列表使用Media Player重新尝试播放.");
+}
+
 TEST_F(PlaybackStopTest, AnOrderedStopIsExpectedOnce) {
   startPlaying(playRule::kRealOnly);
   orderStart("C:\\b.avi");

@@ -161,6 +161,17 @@ TEST_F(PlaybackTest, MediaPlayerPlayingGetsTheMuteStateAgain) {
   EXPECT_EQ(screen.lngState(), playState::kPlaying);
 }
 
+TEST_F(PlaybackTest, MediaPlayerPlayingStaysMuted) {
+  screen.lngPlayRuler(playRule::kMediaOnly);
+  screen.strFilePath("C:\\a.avi");
+  screen.boolMute(true);
+  screen.play();
+  time.advance(1);
+  trace.take();
+  wmp().notify(MediaPlayState::playing);
+  EXPECT_EQ(trace.take(), "wmp mute");
+}
+
 TEST_F(PlaybackTest, PauseOutsidePlayingDoesNothing) {
   screen.pause();
   EXPECT_EQ(trace.take(), "");
@@ -343,6 +354,16 @@ TEST_F(PlaybackTest, ReadingThePositionWhileRealPlayerPlaysGivesTheStoredOne) {
   EXPECT_EQ(screen.lngJinDu(), 12);
 }
 
+TEST_F(PlaybackTest, APositionReadFromMediaPlayerIsKeptWhenRealPlayerTakesOver) {
+  startPlaying(playRule::kPreferMedia);
+  wmp().position = 12;
+  ASSERT_EQ(screen.lngJinDu(), 12);
+  wmp().mediaError.raise();
+  time.advance(2);
+  ASSERT_FALSE(screen.playback().mediaPlayerIsCurrent());
+  EXPECT_EQ(screen.lngJinDu(), 12);
+}
+
 TEST_F(PlaybackTest, ReadingThePositionOfMediaPlayerRoundsHalfToEven) {
   startPlaying(playRule::kMediaOnly);
   wmp().position = 12.5;
@@ -377,6 +398,14 @@ TEST_F(PlaybackTest, MediaPlayerReportsEverySecondWhilePlaying) {
   const std::string once = "JinDu 32% 65=00:01:05 of 200=00:03:20";
   EXPECT_EQ(trace.take(), once + " | " + once);
   EXPECT_EQ(screen.labMovieTimShow.caption(), "00:01:05 / 00:03:20");
+}
+
+TEST_F(PlaybackTest, MediaPlayersTimesAreRoundedToSeconds) {
+  startPlaying(playRule::kMediaOnly);
+  wmp().duration = 199.6;
+  wmp().position = 64.6;
+  time.advance(1000);
+  EXPECT_EQ(trace.take(), "JinDu 32% 65=00:01:05 of 200=00:03:20");
 }
 
 TEST_F(PlaybackTest, MediaPlayerReportsNothingUnlessItPlays) {
