@@ -125,6 +125,13 @@ int runProgram() {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   restrictLibrarySearch();
-  const ComApartment apartment;
-  return runProgram();
+  int result = 0;
+  {
+    const ComApartment apartment;
+    result = runProgram();
+  }
+  // All is saved and gone. A codec that hangs on a thread of its own, opening a file, must not hold
+  // up the end of the process nor crash in it.
+  TerminateProcess(GetCurrentProcess(), static_cast<UINT>(result));
+  return result;
 }

@@ -30,11 +30,7 @@ std::optional<cMonitor> monitorUnder(const Displays& displays, Point point) {
 
 }  // namespace
 
-Controler::Controler(const ControlerServices& services) : services_(services) {
-  services_.shownWindows.watch([this](const ShownWindow& shown) {
-    if (screen_) screen_->guards().noteShown(shown);
-  });
-}
+Controler::Controler(const ControlerServices& services) : services_(services) {}
 
 Controler::~Controler() {
   services_.shownWindows.stop();
@@ -55,6 +51,11 @@ void Controler::startMouseHiding() {
       [this](PlayArea& area) { m_objMouseHideShow_tellMePlayArea(area); });
   m_objMouseHideShow_->lngBeforeHideMouseSecondNum(kSecondsBeforeMouseHides);
   m_objMouseHideShow_->boolEnabled(true);
+}
+
+void Controler::guard(frmScreen& screen) {
+  services_.shownWindows.watch(
+      [&screen](const ShownWindow& shown) { screen.guards().noteShown(shown); });
 }
 
 void Controler::setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList) {
@@ -127,6 +128,7 @@ void Controler::saveAll() {
 
 void Controler::takeFormsDown() {
   connections_.clear();
+  screen_->leave();
   panel_->hideAndUnloadFace();
   screen_->boolMute(false);
   services_.loop.pumpFor(kEngineSettleMs);  // lets the engines settle before their window goes

@@ -45,7 +45,6 @@ inline constexpr int kPrevious = 2;
 /// throws out of its operations.
 class Controler {
  public:
-  /// From here on it looks out for windows that an engine pops up.
   explicit Controler(const ControlerServices& services);
   ~Controler();
   Controler(const Controler&) = delete;
@@ -54,6 +53,8 @@ class Controler {
   /// The start sequence: loads the settings from the database and begins to hide the pointer over
   /// the picture.
   void setInitializePram(const std::string& databasePath, const std::string& screenSaverFolder);
+  /// From here on windows that an engine of the playback window pops up are closed.
+  void guard(frmScreen& screen);
   /// The references, once the forms are there. From here on the controller hears the playback
   /// window's events.
   void setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList);

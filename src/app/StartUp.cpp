@@ -62,10 +62,10 @@ void setUpPanel(const StartUpParts& parts) {
 void startUp(const StartUpParts& parts) {
   parts.playList.strPLDBFilePath(parts.paths.database);
   parts.controler.setInitializePram(parts.paths.database, parts.paths.screenSaverFolder);
-  // Before the engines are made: what they pop up then is closed, too.
-  parts.controler.setReferences(parts.panel, parts.screen, parts.playList);
+  parts.controler.guard(parts.screen);  // what the engines pop up when they are made is closed, too
   loadScreen(parts);
   parts.loadPanel();
+  parts.controler.setReferences(parts.panel, parts.screen, parts.playList);
   loadPlayList(parts);
   const SysConfig& config = parts.controler.config();
   parts.screen.intVolume(config.intVolumeValue());

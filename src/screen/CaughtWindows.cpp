@@ -44,6 +44,7 @@ bool CaughtWindows::isBelowRealPlayer(WindowHandle window) const {
 }
 
 bool CaughtWindows::consume(WindowHandle, WindowMessage message) {
+  if (closed_) return false;
   switch (message) {
     case WindowMessage::leftUp:
       pictureMouse.raise(PictureMouse::leftUp);

@@ -191,6 +191,7 @@ void frmScreen::openControlMenu() {
 }
 
 void frmScreen::popuCtrlMenu() {
+  if (leaving_) return;
   menu_.prepare({lngState(), boolMaxSize(), boolMute()});
   popupMenu(menu_.mnuPopuMenu());
 }

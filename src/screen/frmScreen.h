@@ -42,6 +42,8 @@ class frmScreen : public ui::Form {
 
   /// Creates the window, hidden, with both engines.
   void load();
+  /// The program leaves: no menu holds it up from here on.
+  void leave() { leaving_ = true; }
   /// Takes the engines and the window down.
   void unloadScreen();
 
@@ -120,6 +122,7 @@ class frmScreen : public ui::Form {
   ScreenMenu menu_;
   Connection caughtMouse_;
   bool reportJinDu_ = true;
+  bool leaving_ = false;
 };
 
 /// Fills the two placements at start-up: full screen on the target monitor, and three quarters of

@@ -20,6 +20,7 @@ class ControlerFixture : public ScreenFixture {
     ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
     controler.setInitializePram(database, "C:\\p\\SSP");
     playList.strPLDBFilePath(database);
+    controler.guard(screen);
     controler.setReferences(panel, screen, playList);
     trace.take();
   }

@@ -411,6 +411,16 @@ TEST_F(ControlerTest, LeavingGivesTheCaughtWindowsBackFirstAndCatchesNoMore) {
   EXPECT_EQ(procedures.replaced.size(), 1U);
 }
 
+TEST_F(ControlerTest, NoMenuHoldsTheProgramUpWhileItLeaves) {
+  int popups = 0;
+  screen.onPopup.listen([&popups](ui::MenuItem&) { ++popups; });
+  real().pictureMouse.raise(PictureMouse::rightUp);
+  EXPECT_EQ(popups, 1);
+  loop.whilePumping = [&] { real().pictureMouse.raise(PictureMouse::rightUp); };
+  controler.exitSys();
+  EXPECT_EQ(popups, 1);
+}
+
 TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   loop.whilePumping = [this] { controler.exitSys(); };
   trace.take();

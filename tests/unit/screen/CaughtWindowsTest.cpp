@@ -130,6 +130,13 @@ TEST_F(CaughtWindowsTest, AfterTheEndNothingIsCaughtAnyMore) {
   EXPECT_EQ(procedures.attempts, 0);
 }
 
+TEST_F(CaughtWindowsTest, AfterTheEndTheMouseIsNobodysButTheWindows) {
+  caught.catchWindow(3);
+  caught.giveBackAll();
+  EXPECT_FALSE(procedures.send(3, WindowMessage::rightUp));
+  EXPECT_TRUE(mouse.empty());
+}
+
 TEST_F(CaughtWindowsTest, AWindowThatSomebodyElseTookOverStillFindsItsProcedure) {
   caught.catchWindow(3);
   caught.giveBackAll();

@@ -29,15 +29,24 @@ void EmbeddedRealPlayer::setSource(const std::string& source) {
   lengthMs_ = 0;
 }
 
+/// Every play is answered by the playing notification or an error, also one that takes back a pause
+/// which the graph has not yet come to.
 void EmbeddedRealPlayer::play() {
-  if (state_ != RealPlayState::stopped && state_ != RealPlayState::paused) return;
+  if (state_ == RealPlayState::contacting) return;  // its answer is under way
   playOrderedAt_ = GetTickCount64();
-  if (state_ == RealPlayState::paused) return attempt_.graph->play();
-  open();
+  if (state_ == RealPlayState::stopped) return open();
+  if (state_ == RealPlayState::paused || std::exchange(pauseOrdered_, false)) {
+    resumeOrdered_ = true;
+    return attempt_.graph->play();
+  }
+  announce(RealPlayState::playing);
+  if (hasEnded_) window_.startTimer(kEarlyStopMs);
 }
 
 void EmbeddedRealPlayer::pause() {
-  if (state_ == RealPlayState::playing && !hasEnded_) attempt_.graph->pause();
+  if (state_ != RealPlayState::playing || hasEnded_) return;
+  pauseOrdered_ = true;
+  attempt_.graph->pause();
 }
 
 void EmbeddedRealPlayer::stop() {
@@ -86,7 +95,7 @@ void EmbeddedRealPlayer::open() {
 void EmbeddedRealPlayer::abandon() {
   ++serial_;
   window_.stopTimer();
-  hasEnded_ = false;
+  hasEnded_ = pauseOrdered_ = resumeOrdered_ = false;
   startMs_ = 0;
   if (!attempt_.graph) return;
   attempt_.picture->hide();
@@ -112,8 +121,9 @@ void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::in
       lengthMs_ = value;
       return;
     case EngineEvent::playing:
-      return changeState(RealPlayState::playing);
+      return started();
     case EngineEvent::paused:
+      pauseOrdered_ = false;
       return changeState(RealPlayState::paused);
     case EngineEvent::position:
       return positionChange.raise(value, lengthMs_);
@@ -124,6 +134,12 @@ void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::in
     default:
       return;
   }
+}
+
+void EmbeddedRealPlayer::started() {
+  if (!std::exchange(resumeOrdered_, false)) return changeState(RealPlayState::playing);
+  const auto oldState = std::exchange(state_, RealPlayState::playing);
+  playStateChange.raise(oldState, state_);
 }
 
 void EmbeddedRealPlayer::ended() {

@@ -57,6 +57,7 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   void open();
   void abandon();
   void announce(RealPlayState newState);
+  void started();
   void ended();
   void finish();
   void failed(std::int32_t reason);
@@ -69,7 +70,9 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   int volume_ = 100;
   bool muted_ = false;
   RealPlayState state_ = RealPlayState::stopped;
-  bool hasEnded_ = false;  ///< the medium is at its end, the stop is held back
+  bool hasEnded_ = false;       ///< the medium is at its end, the stop is held back
+  bool pauseOrdered_ = false;   ///< and not reported yet
+  bool resumeOrdered_ = false;  ///< and not answered yet
   std::int32_t startMs_ = 0;
   std::int32_t lengthMs_ = 0;
   ULONGLONG playOrderedAt_ = 0;

@@ -33,8 +33,17 @@ void EmbeddedMediaPlayer::setUrl(const std::string& url) {
   state_ = MediaPlayState::undefined;
 }
 
+/// Every play is answered by the playing notification or an error, also one that takes back a pause
+/// which the session has not yet come to.
 void EmbeddedMediaPlayer::play() {
-  if (!starting_ && state_ != MediaPlayState::playing) goToPosition();
+  playOrdered_ = true;
+  pauseOnStart_ = false;
+  if (starting_) return;  // its answer is under way
+  if (state_ != MediaPlayState::playing || std::exchange(pauseOrdered_, false)) {
+    return goToPosition();
+  }
+  playOrdered_ = false;
+  postEngineEvent(window_.handle(), EngineEvent::notify, serial_, static_cast<int>(state_));
 }
 
 void EmbeddedMediaPlayer::pause() {
@@ -42,6 +51,7 @@ void EmbeddedMediaPlayer::pause() {
   pauseOnStart_ = starting_;
   if (starting_) return;
   aim_ = position_ = currentPosition();
+  pauseOrdered_ = true;
   attempt_.presentation->pause();
 }
 
@@ -53,14 +63,17 @@ void EmbeddedMediaPlayer::stop() {
   postEngineEvent(window_.handle(), EngineEvent::notify, serial_, static_cast<int>(state_));
 }
 
+bool EmbeddedMediaPlayer::moves() const {
+  return state_ == MediaPlayState::playing && !starting_ && !pauseOrdered_;
+}
+
 double EmbeddedMediaPlayer::currentPosition() const {
-  const bool moving = state_ == MediaPlayState::playing && !starting_;
-  return moving ? attempt_.presentation->position() : position_;
+  return moves() ? attempt_.presentation->position() : position_;
 }
 
 void EmbeddedMediaPlayer::setCurrentPosition(double seconds) {
   position_ = std::isfinite(seconds) ? std::max(seconds, 0.0) : 0;
-  if (state_ == MediaPlayState::playing && !starting_) goToPosition();
+  if (moves()) goToPosition();
 }
 
 void EmbeddedMediaPlayer::setVolume(int volume) {
@@ -109,7 +122,7 @@ void EmbeddedMediaPlayer::open() {
 
 void EmbeddedMediaPlayer::abandon() {
   ++serial_;
-  starting_ = pauseOnStart_ = false;
+  starting_ = pauseOnStart_ = pauseOrdered_ = playOrdered_ = false;
   if (!attempt_.presentation) return;
   attempt_.picture->hide();
   closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
@@ -125,6 +138,7 @@ void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::i
     case EngineEvent::playing:
       return started();
     case EngineEvent::paused:
+      pauseOrdered_ = false;
       return changeState(MediaPlayState::paused);
     case EngineEvent::ended:
       return ended();
@@ -140,8 +154,13 @@ void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::i
 void EmbeddedMediaPlayer::started() {
   starting_ = false;
   if (position_ != aim_) goToPosition();  // it was sought while it started
-  if (!starting_ && std::exchange(pauseOnStart_, false)) attempt_.presentation->pause();
-  changeState(MediaPlayState::playing);
+  if (!starting_ && std::exchange(pauseOnStart_, false)) {
+    pauseOrdered_ = true;
+    attempt_.presentation->pause();
+  }
+  if (!std::exchange(playOrdered_, false)) return changeState(MediaPlayState::playing);
+  state_ = MediaPlayState::playing;
+  playStateChange.raise(state_);
 }
 
 void EmbeddedMediaPlayer::ended() {

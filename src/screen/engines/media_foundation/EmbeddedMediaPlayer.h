@@ -61,6 +61,7 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   void onResized() override;
   void onTimer() override {}
 
+  bool moves() const;
   void goToPosition();
   void open();
   void abandon();
@@ -81,6 +82,8 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   double aim_ = 0;         ///< the position that the last start was ordered for, or of the pause
   bool starting_ = false;  ///< a start or a seek was ordered and has not been reported yet
   bool pauseOnStart_ = false;
+  bool pauseOrdered_ = false;  ///< and not reported yet
+  bool playOrdered_ = false;   ///< and not answered yet
   std::optional<double> duration_;
   std::optional<MouseButton> pressed_;
   WPARAM serial_ = 0;
