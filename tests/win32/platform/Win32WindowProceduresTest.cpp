@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <future>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "fakes/FakeLog.h"
@@ -19,6 +21,40 @@ LRESULT CALLBACK originalProcedure(HWND window, UINT message, WPARAM wParam, LPA
   if (message == WM_USER) return static_cast<LRESULT>(wParam) + lParam;
   return DefWindowProcW(window, message, wParam, lParam);
 }
+
+LRESULT CALLBACK answering(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_USER) return static_cast<LRESULT>(wParam) + lParam;
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+/// A window that another thread has made and serves.
+class ForeignWindow {
+ public:
+  ForeignWindow() {
+    std::promise<HWND> made;
+    auto window = made.get_future();
+    thread_ = std::thread([&made] { serveOne(made); });
+    handle = window.get();
+  }
+  ~ForeignWindow() {
+    PostMessageW(handle, WM_CLOSE, 0, 0);
+    thread_.join();
+  }
+
+  HWND handle = nullptr;
+
+ private:
+  static void serveOne(std::promise<HWND>& made) {
+    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                                        nullptr, nullptr);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&answering));
+    made.set_value(window);
+    MSG message;
+    while (IsWindow(window) && GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+  }
+
+  std::thread thread_;
+};
 
 LRESULT CALLBACK onTop(HWND, UINT, WPARAM, LPARAM) {
   return 77;
@@ -115,6 +151,13 @@ TEST_F(Win32WindowProceduresTest, ADestroyedWindowIsReportedAndStillHearsOfIt) {
 TEST_F(Win32WindowProceduresTest, AWindowThatIsNoneIsRefused) {
   EXPECT_EQ(procedures.replace(0xDEAD, *this), 0U);
   EXPECT_EQ(procedures.replace(0, *this), 0U);
+}
+
+TEST_F(Win32WindowProceduresTest, AWindowOfAnotherThreadIsRefusedAndKeepsItsProcedure) {
+  const ForeignWindow foreign;
+  EXPECT_EQ(procedures.replace(reinterpret_cast<WindowHandle>(foreign.handle), *this), 0U);
+  EXPECT_EQ(SendMessageW(foreign.handle, WM_USER, 40, 2), 42);
+  EXPECT_TRUE(seen.empty());
 }
 
 TEST_F(Win32WindowProceduresTest, AWindowOfAnsiKeepsItsText) {
