@@ -62,7 +62,9 @@ HRESULT Control::DoVerb(LONG verb, MSG*, IOleClientSite*, LONG, HWND parent, con
 }
 
 HRESULT Control::activate(HWND parent, const RECT& area) {
-  if (FAILED(memory().wishes.activation)) return memory().wishes.activation;
+  const Wishes wishes = memory().wishes;
+  if (wishes.duringActivation) wishes.duringActivation(wishes.duringActivationContext);
+  if (FAILED(wishes.activation)) return wishes.activation;
   const auto place = site_.as<IOleInPlaceSite>();
   if (!place || place->CanInPlaceActivate() != S_OK) return E_FAIL;
   HWND window = nullptr;
@@ -163,20 +165,22 @@ HRESULT Control::GetClassInfo(ITypeInfo** info) {
   if (memory().wishes.hideTypeInformation) return E_FAIL;
   ComPtr<ITypeLib> library;
   const HRESULT loaded = LoadTypeLibEx(libraryPath().c_str(), REGKIND_NONE, library.put());
-  return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(kControlClass, info);
+  if (FAILED(loaded)) return loaded;
+  const bool more = memory().wishes.describeMoreEvents;
+  return library->GetTypeInfoOfGuid(more ? kWithMoreEvents : kControlClass, info);
 }
 
 HRESULT Control::GetGUID(DWORD kind, GUID* id) {
   if (!id) return E_POINTER;
   if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
-  *id = kEventInterface;
+  *id = eventInterface();
   return S_OK;
 }
 
 HRESULT Control::FindConnectionPoint(REFIID id, IConnectionPoint** point) {
   if (!point) return E_POINTER;
   *point = nullptr;
-  if (id != kEventInterface) return CONNECT_E_NOCONNECTION;
+  if (id != eventInterface()) return CONNECT_E_NOCONNECTION;
   events_->AddRef();
   *point = events_.get();
   return S_OK;

@@ -24,6 +24,7 @@ struct Wishes {
   HRESULT creation = S_OK;
   HRESULT activation = S_OK;
   bool hideTypeInformation = false;
+  bool describeMoreEvents = false;
   bool startWithoutPicture = false;
   HRESULT calls = S_OK;
   std::int32_t canStop = 0;
@@ -32,6 +33,8 @@ struct Wishes {
   std::int16_t writtenBack = 0;
   void (*during)(void* context, DISPID member) = nullptr;
   void* duringContext = nullptr;
+  void (*duringActivation)(void* context) = nullptr;
+  void* duringActivationContext = nullptr;
 };
 
 /// The library's memory: what was asked, what is wished, which controls there are.

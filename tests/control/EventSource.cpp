@@ -8,6 +8,10 @@
 
 namespace tessivo::test_control {
 
+const IID& eventInterface() {
+  return memory().wishes.describeMoreEvents ? kMoreEvents : kEventInterface;
+}
+
 VARIANT numberArgument(std::int32_t number) {
   VARIANT argument;
   VariantInit(&argument);
@@ -37,7 +41,7 @@ void EventSource::fire(DISPID event, std::vector<VARIANT> arguments) {
 
 HRESULT EventSource::GetConnectionInterface(IID* id) {
   if (!id) return E_POINTER;
-  *id = kEventInterface;
+  *id = eventInterface();
   return S_OK;
 }
 
@@ -51,7 +55,7 @@ HRESULT EventSource::GetConnectionPointContainer(IConnectionPointContainer** con
 
 HRESULT EventSource::Advise(IUnknown* sink, DWORD* cookie) {
   if (!sink || !cookie) return E_POINTER;
-  const auto dispatch = ComPtr<IUnknown>(sink).as<IDispatch>(kEventInterface);
+  const auto dispatch = ComPtr<IUnknown>(sink).as<IDispatch>(eventInterface());
   if (!dispatch) return CONNECT_E_CANNOTCONNECT;
   memory().record.add("advise");
   *cookie = ++lastCookie_;

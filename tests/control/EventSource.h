@@ -20,10 +20,20 @@ inline constexpr DISPID kErrorMessage = 4;
 inline constexpr DISPID kPositionChange = 5;
 inline constexpr DISPID kMouseMove = 6;
 inline constexpr DISPID kLButtonDown = 7;
+inline constexpr DISPID kStationChange = 8;  ///< this and the next: of kMoreEvents alone
+inline constexpr DISPID kScroll = 9;
 }  // namespace event
 
 inline constexpr IID kEventInterface{
     0x6E0F0A52, 0x3C27, 0x4B0E, {0x9B, 0x1C, 0x6B, 0x1D, 0x64, 0xA1, 0xC0, 0xE1}};
+
+inline constexpr IID kMoreEvents{
+    0x6E0F0A53, 0x3C27, 0x4B0E, {0x9B, 0x1C, 0x6B, 0x1D, 0x64, 0xA1, 0xC0, 0xE1}};
+/// The class that is described with kMoreEvents.
+inline constexpr CLSID kWithMoreEvents{
+    0x6E0F0A54, 0x3C27, 0x4B0E, {0x9B, 0x1C, 0x6B, 0x1D, 0x64, 0xA1, 0xC0, 0xE1}};
+/// Of the two the one that is wished.
+const IID& eventInterface();
 
 VARIANT numberArgument(std::int32_t number);
 VARIANT shortArgument(std::int16_t number);

@@ -78,6 +78,7 @@ constexpr TestControlApi kApi{
     .refuseCreation = [](HRESULT result) { memory().wishes.creation = result; },
     .refuseActivation = [](HRESULT result) { memory().wishes.activation = result; },
     .hideTypeInformation = [](bool hidden) { memory().wishes.hideTypeInformation = hidden; },
+    .describeMoreEvents = [](bool more) { memory().wishes.describeMoreEvents = more; },
     .startWithoutPicture = [](bool without) { memory().wishes.startWithoutPicture = without; },
     .failCalls = [](HRESULT result) { memory().wishes.calls = result; },
     .answer = &answer,
@@ -90,6 +91,11 @@ constexpr TestControlApi kApi{
         [](void (*act)(void*, DISPID), void* context) {
           memory().wishes.during = act;
           memory().wishes.duringContext = context;
+        },
+    .duringActivation =
+        [](void (*act)(void*), void* context) {
+          memory().wishes.duringActivation = act;
+          memory().wishes.duringActivationContext = context;
         },
     .sendPlayState =
         [](std::int32_t oldState, std::int32_t newState) {
@@ -109,6 +115,14 @@ constexpr TestControlApi kApi{
     .sendBuffering =
         [](std::int32_t flags, std::int16_t percent) {
           sendNumbers(event::kBuffering, {numberArgument(flags), shortArgument(percent)});
+        },
+    .sendStationChange =
+        [](std::int32_t oldState, std::int32_t newState) {
+          sendNumbers(event::kStationChange, {numberArgument(oldState), numberArgument(newState)});
+        },
+    .sendScroll =
+        [](std::int32_t position, std::int32_t length) {
+          sendNumbers(event::kScroll, {numberArgument(position), numberArgument(length)});
         },
     .window = [] { return current() ? current()->window().handle() : nullptr; },
     .picture = [] { return current() ? current()->window().picture() : nullptr; },

@@ -30,6 +30,9 @@ struct TestControlApi {
   void (*refuseCreation)(HRESULT result);
   void (*refuseActivation)(HRESULT result);
   void (*hideTypeInformation)(bool hidden);
+  /// Describes more events of the shapes of the play state and of the position, see
+  /// sendStationChange and sendScroll.
+  void (*describeMoreEvents)(bool more);
   void (*startWithoutPicture)(bool without);
 
   // Wishes for every call.
@@ -40,6 +43,8 @@ struct TestControlApi {
   void (*writeBack)(std::int16_t value);
   /// Runs inside every call, after it was recorded. Null for nothing.
   void (*during)(void (*act)(void* context, DISPID member), void* context);
+  /// Runs inside every activation, before the control has a window. Null for nothing.
+  void (*duringActivation)(void (*act)(void* context), void* context);
 
   // The notifications, sent at once.
   void (*sendPlayState)(std::int32_t oldState, std::int32_t newState);
@@ -49,6 +54,8 @@ struct TestControlApi {
   void (*sendButtonDown)(std::int32_t x, std::int32_t y);
   void (*sendPreSeek)(std::int32_t oldTime, std::int32_t newTime);
   void (*sendBuffering)(std::int32_t flags, std::int16_t percent);
+  void (*sendStationChange)(std::int32_t oldState, std::int32_t newState);
+  void (*sendScroll)(std::int32_t position, std::int32_t length);
 
   /// The control's window, and the picture's inside it: null when there is none.
   HWND (*window)();

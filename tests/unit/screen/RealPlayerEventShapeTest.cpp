@@ -83,5 +83,48 @@ TEST(RealPlayerEventShapeTest, AnEventWithoutArgumentsMeansNothing) {
   EXPECT_EQ(meaningOf({}).notice, Notice::none);
 }
 
+DescribedEvent event(const std::string& name, Notice notice) {
+  return {name, {notice, 0, 1}};
+}
+/// What is left of them, by name.
+std::vector<std::string> left(const std::vector<DescribedEvent>& events) {
+  std::vector<std::string> names;
+  for (const auto& each : events) {
+    if (each.meaning.notice != Notice::none) names.push_back(each.name);
+  }
+  return names;
+}
+using Names = std::vector<std::string>;
+
+TEST(RealPlayerEventShapeTest, OfSeveralEventsOfOneShapeTheOneWithTheNameIsLeft) {
+  std::vector<DescribedEvent> events{
+      event("OnShow", Notice::playState),       event("onplaystatechange", Notice::playState),
+      event("OnScroll", Notice::position),      event("OnPositionChange", Notice::position),
+      event("OnWarning", Notice::errorMessage), event("OnErrorMessage", Notice::errorMessage),
+      event("OnPlayState2", Notice::playState)};
+  EXPECT_EQ(leaveOneOfEach(events), (Names{"PlayState", "PositionChange", "ErrorMessage"}));
+  EXPECT_EQ(left(events), (Names{"onplaystatechange", "OnPositionChange", "OnErrorMessage"}));
+}
+
+TEST(RealPlayerEventShapeTest, WhereNoneHasTheNameTheFirstIsLeft) {
+  std::vector<DescribedEvent> events{event("A", Notice::position), event("B", Notice::position)};
+  EXPECT_EQ(leaveOneOfEach(events), Names{"PositionChange"});
+  EXPECT_EQ(left(events), Names{"A"});
+}
+
+TEST(RealPlayerEventShapeTest, OneEventOfAShapeIsLeftWhateverItsName) {
+  std::vector<DescribedEvent> events{event("A", Notice::playState), event("B", Notice::position),
+                                     event("C", Notice::errorMessage)};
+  EXPECT_EQ(leaveOneOfEach(events), Names{});
+  EXPECT_EQ(left(events), (Names{"A", "B", "C"}));
+}
+
+TEST(RealPlayerEventShapeTest, ManyEventsMayTellWhereTheMouseIs) {
+  std::vector<DescribedEvent> events{event("OnMouseMove", Notice::mousePoint),
+                                     event("OnLButtonDown", Notice::mousePoint)};
+  EXPECT_EQ(leaveOneOfEach(events), Names{});
+  EXPECT_EQ(left(events), (Names{"OnMouseMove", "OnLButtonDown"}));
+}
+
 }  // namespace
 }  // namespace tessivo

@@ -105,30 +105,64 @@ MemberCase settingCase(const char* name, int id, bool value, const char* expecte
           expected};
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Members, RealPlayerMemberTest,
-    testing::Values(MemberCase{"source", [](auto& p) { p.setSource("D:\\影片\\a b.rm"); },
-                               "102 put BSTR D:\\影片\\a b.rm"},
-                    MemberCase{"noSource", [](auto& p) { p.setSource(""); }, "102 put BSTR "},
-                    MemberCase{"play", [](auto& p) { p.play(); }, "257 call"},
-                    MemberCase{"pause", [](auto& p) { p.pause(); }, "258 call"},
-                    MemberCase{"stop", [](auto& p) { p.stop(); }, "202 call"},
-                    MemberCase{"canStop", [](auto& p) { p.canStop(); }, "260 read"},
-                    MemberCase{"length", [](auto& p) { p.lengthMs(); }, "261 read"},
-                    MemberCase{"position", [](auto& p) { p.setPositionMs(2147483000); },
-                               "269 call I4 2147483000"},
-                    MemberCase{"volume", [](auto& p) { p.setVolume(30); }, "227 call I2& 30"},
-                    MemberCase{"silence", [](auto& p) { p.setVolume(0); }, "227 call I2& 0"},
-                    MemberCase{"mute", [](auto& p) { p.setMute(true); }, "229 call BOOL& true"},
-                    MemberCase{"sound", [](auto& p) { p.setMute(false); }, "229 call BOOL& false"},
-                    settingCase("s277", 277, true, "277 call BOOL true"),
-                    settingCase("s353", 353, false, "353 call BOOL false"),
-                    settingCase("s295", 295, false, "295 call BOOL false"),
-                    settingCase("s338", 338, false, "338 call BOOL false"),
-                    settingCase("s326", 326, true, "326 call BOOL true"),
-                    settingCase("s307", 307, true, "307 call BOOL true"),
-                    settingCase("s225", 225, false, "225 call BOOL false")),
-    [](const auto& member) { return std::string(member.param.name); });
+const auto kEachMember = testing::Values(
+    MemberCase{"source", [](auto& p) { p.setSource("D:\\影片\\a b.rm"); },
+               "102 put BSTR D:\\影片\\a b.rm"},
+    MemberCase{"noSource", [](auto& p) { p.setSource(""); }, "102 put BSTR "},
+    MemberCase{"play", [](auto& p) { p.play(); }, "257 call"},
+    MemberCase{"pause", [](auto& p) { p.pause(); }, "258 call"},
+    MemberCase{"stop", [](auto& p) { p.stop(); }, "202 call"},
+    MemberCase{"canStop", [](auto& p) { p.canStop(); }, "260 read"},
+    MemberCase{"length", [](auto& p) { p.lengthMs(); }, "261 read"},
+    MemberCase{"position", [](auto& p) { p.setPositionMs(2147483000); }, "269 call I4 2147483000"},
+    MemberCase{"volume", [](auto& p) { p.setVolume(30); }, "227 call I2& 30"},
+    MemberCase{"silence", [](auto& p) { p.setVolume(0); }, "227 call I2& 0"},
+    MemberCase{"mute", [](auto& p) { p.setMute(true); }, "229 call BOOL& true"},
+    MemberCase{"sound", [](auto& p) { p.setMute(false); }, "229 call BOOL& false"},
+    settingCase("s277", 277, true, "277 call BOOL true"),
+    settingCase("s353", 353, false, "353 call BOOL false"),
+    settingCase("s295", 295, false, "295 call BOOL false"),
+    settingCase("s338", 338, false, "338 call BOOL false"),
+    settingCase("s326", 326, true, "326 call BOOL true"),
+    settingCase("s307", 307, true, "307 call BOOL true"),
+    settingCase("s225", 225, false, "225 call BOOL false"));
+
+std::string nameOf(const testing::TestParamInfo<MemberCase>& member) {
+  return member.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, RealPlayerMemberTest, kEachMember, nameOf);
+
+class RealPlayerGoneInsideTest : public RealPlayerMemberTest {
+ protected:
+  /// Ends the player inside the member, from a message loop that the control runs there.
+  void callAndEndInside() {
+    control->answer(260, 1);
+    insideACall([this](DISPID) {
+      control->sendPlayState(1, 3);
+      control->sendError();
+      serve();
+      player.reset();
+      serve();
+    });
+    GetParam().act(*player);
+    EXPECT_EQ(player, nullptr);
+    EXPECT_EQ(control->instances(), 0);
+    EXPECT_EQ(heard(), Lines{});
+  }
+};
+
+TEST_P(RealPlayerGoneInsideTest, AMemberThatSucceedsNotifiesNobody) {
+  callAndEndInside();
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_P(RealPlayerGoneInsideTest, AMemberThatFailsNotifiesNobodyEither) {
+  control->failCalls(E_FAIL);
+  callAndEndInside();
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, RealPlayerGoneInsideTest, kEachMember, nameOf);
 
 TEST_F(RealPlayerControlTest, AnswersWhatTheControlAnswers) {
   EXPECT_FALSE(player->canStop());
@@ -190,6 +224,39 @@ TEST_F(RealPlayerControlTest, WhatTheControlTellsInsideACallArrivesAfterIt) {
   player->play();
   EXPECT_EQ(trace, Lines{});
   EXPECT_EQ(heard(), (Lines{"0->1", "1->3"}));
+}
+
+TEST_F(RealPlayerControlTest, ALoopInsideACallHandsNothingOn) {
+  insideACall([this](DISPID) {
+    control->sendPlayState(0, 1);
+    serve();
+    EXPECT_EQ(trace, Lines{});
+  });
+  player->play();
+  EXPECT_EQ(trace, Lines{});
+  EXPECT_EQ(heard(), Lines{"0->1"});
+}
+
+TEST_F(RealPlayerControlTest, WhatWaitedBeforeACallWaitsForItsEndThoughALoopRunsInside) {
+  control->sendPlayState(0, 1);
+  insideACall([this](DISPID) {
+    serve();
+    EXPECT_EQ(trace, Lines{});
+  });
+  player->lengthMs();
+  EXPECT_EQ(heard(), Lines{"0->1"});
+}
+
+TEST_F(RealPlayerControlTest, ARefusedPlayIsNoErrorOfASourceThatWasSetInsideIt) {
+  control->failCalls(E_FAIL);
+  insideACall([this](DISPID member) {
+    if (member != 257) return;
+    control->failCalls(S_OK);  // this play fails all the same
+    player->setSource("C:\\b.mp3");
+    serve();
+  });
+  player->play();
+  EXPECT_EQ(heard(), Lines{});
 }
 
 TEST_F(RealPlayerControlTest, AQueryInsideANotificationIsAnswered) {
@@ -318,6 +385,21 @@ TEST_F(RealPlayerControlTest, WithoutADescriptionTheErrorMessageAloneIsKnownAndT
   control->sendError();
   EXPECT_EQ(heard(), Lines{"error"});
   EXPECT_EQ(log.lines.size(), 1U);
+}
+
+TEST_F(RealPlayerControlTest, OfTwoEventsOfOneShapeTheOneWithTheNameCountsAndTheLogSaysSoOnce) {
+  control->describeMoreEvents(true);
+  makePlayer();
+  EXPECT_EQ(log.lines, (Lines{"info the RealPlayer control describes several events like "
+                              "PlayState, one of them counts",
+                              "info the RealPlayer control describes several events like "
+                              "PositionChange, one of them counts"}));
+  control->sendStationChange(1, 0);
+  control->sendScroll(7, 9);
+  control->sendPlayState(1, 3);
+  control->sendPosition(1000, 2000);
+  EXPECT_EQ(heard(), (Lines{"1->3", "1000 of 2000"}));
+  EXPECT_EQ(log.lines.size(), 2U);
 }
 
 TEST_F(RealPlayerControlTest, NothingArrivesFromOneThatIsGone) {

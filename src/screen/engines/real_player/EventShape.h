@@ -88,4 +88,45 @@ inline EventMeaning meaningOf(const std::vector<EventArgument>& arguments) {
   return {};
 }
 
+/// An event as the control's library declares it.
+struct DescribedEvent {
+  std::string name;
+  EventMeaning meaning;
+};
+
+/// Leaves one event with the notice's meaning, because what two told would be taken for two
+/// changes: the one whose name contains `name` (case does not matter), else the first. False when
+/// there was only one, or none.
+inline bool leaveOneOf(RealPlayerNotice notice, std::string_view name,
+                       std::vector<DescribedEvent>& events) {
+  DescribedEvent* chosen = nullptr;
+  bool chosenByName = false;
+  int count = 0;
+  for (auto& event : events) {
+    if (event.meaning.notice != notice) continue;
+    ++count;
+    const bool named = containsNoCase(event.name, name);
+    if (chosen && (chosenByName || !named)) continue;
+    chosen = &event;
+    chosenByName = named;
+  }
+  for (auto& event : events) {
+    if (event.meaning.notice == notice && &event != chosen) event.meaning = {};
+  }
+  return count > 1;
+}
+
+/// The same for every notice of which there is to be one; the mouse may be told of by many events.
+/// Returns the names of the notices that several events had the shape of.
+inline std::vector<std::string> leaveOneOfEach(std::vector<DescribedEvent>& events) {
+  std::vector<std::string> several;
+  const auto leave = [&](RealPlayerNotice notice, const char* name) {
+    if (leaveOneOf(notice, name, events)) several.emplace_back(name);
+  };
+  leave(RealPlayerNotice::playState, "PlayState");
+  leave(RealPlayerNotice::position, "PositionChange");
+  leave(RealPlayerNotice::errorMessage, "ErrorMessage");
+  return several;
+}
+
 }  // namespace tessivo

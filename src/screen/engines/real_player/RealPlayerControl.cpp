@@ -39,19 +39,23 @@ RealPlayerControl::RealPlayerControl(HWND parent, Log& log)
             log),
       control_(kName, host_.control(), log),
       events_(host_.eventInfo().get()) {
-  if (host_.created()) sayWhatIsNotTold(log);
+  if (host_.created()) sayWhatIsDoubtful(log);
 }
 
 RealPlayerControl::~RealPlayerControl() {
   if (canStop()) call(kStop);
 }
 
-void RealPlayerControl::sayWhatIsNotTold(Log& log) const {
+void RealPlayerControl::sayWhatIsDoubtful(Log& log) const {
   std::string missing;
   if (!events_.describes(RealPlayerNotice::playState)) missing += " play state";
   if (!events_.describes(RealPlayerNotice::position)) missing += " position";
   if (!events_.describes(RealPlayerNotice::errorMessage)) missing += " error message";
   if (!missing.empty()) log.error(std::string(kName) + " describes no event for:" + missing);
+  for (const auto& notice : events_.describedSeveralTimes()) {
+    log.info(std::string(kName) + " describes several events like " + notice +
+             ", one of them counts");
+  }
 }
 
 bool RealPlayerControl::call(DISPID member, const std::vector<Variant>& arguments) {

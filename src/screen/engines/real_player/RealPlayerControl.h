@@ -49,7 +49,7 @@ class RealPlayerControl final : public RealPlayerSlot {
 
  private:
   void onEvent(DISPID event, const std::vector<Variant>& arguments);
-  void sayWhatIsNotTold(Log& log) const;
+  void sayWhatIsDoubtful(Log& log) const;
   bool call(DISPID member, const std::vector<Variant>& arguments = {});
   std::int32_t ask(DISPID query) const;
   void dropWaitingEvents();

@@ -43,13 +43,13 @@ std::vector<std::string> namesOf(ITypeInfo& description, const FUNCDESC& functio
   return names;
 }
 
-EventMeaning meaningOfFunction(ITypeInfo& description, const FUNCDESC& function) {
+DescribedEvent describe(ITypeInfo& description, const FUNCDESC& function) {
   const auto names = namesOf(description, function);
   std::vector<EventArgument> arguments;
   for (std::size_t i = 0; i + 1 < names.size(); ++i) {
     arguments.push_back({names[i + 1], kindOf(function.lprgelemdescParam[i].tdesc)});
   }
-  return meaningOf(arguments);
+  return {names.front(), meaningOf(arguments)};
 }
 
 }  // namespace
@@ -59,12 +59,17 @@ RealPlayerEvents::RealPlayerEvents(ITypeInfo* description) {
   if (!description || FAILED(description->GetTypeAttr(&attributes))) return;
   const UINT count = attributes->cFuncs;
   description->ReleaseTypeAttr(attributes);
+  std::vector<DISPID> ids;
+  std::vector<DescribedEvent> events;
   for (UINT i = 0; i < count; ++i) {
     FUNCDESC* function = nullptr;
     if (FAILED(description->GetFuncDesc(i, &function))) continue;
-    described_[function->memid] = meaningOfFunction(*description, *function);
+    ids.push_back(function->memid);
+    events.push_back(describe(*description, *function));
     description->ReleaseFuncDesc(function);
   }
+  several_ = leaveOneOfEach(events);
+  for (std::size_t i = 0; i < ids.size(); ++i) described_[ids[i]] = events[i].meaning;
 }
 
 bool RealPlayerEvents::describes(RealPlayerNotice notice) const {

@@ -3,6 +3,7 @@
 #include <oaidl.h>
 
 #include <map>
+#include <string>
 #include <vector>
 
 #include "screen/engines/control/Variant.h"
@@ -20,11 +21,14 @@ class RealPlayerEvents {
 
   /// Whether the description has an event of that meaning.
   bool describes(RealPlayerNotice notice) const;
+  /// The notices that the description has several events like; one of them is listened to.
+  const std::vector<std::string>& describedSeveralTimes() const { return several_; }
   /// The positions in the meaning lie within `arguments`.
   EventMeaning meaningOf(DISPID event, const std::vector<Variant>& arguments) const;
 
  private:
   std::map<DISPID, EventMeaning> described_;
+  std::vector<std::string> several_;
 };
 
 }  // namespace tessivo
