@@ -358,7 +358,8 @@ TEST_F(MediaFoundationOnDesktop, ManyPlaysLeaveNoHandleAndNoWindowBehind) {
     trace.clear();
   };
   for (int i = 0; i < 3; ++i) cycle();
-  const DWORD before = handles();
+  const auto handles = [] { return processHandles({L"Key", L"Event"}); };
+  const int before = handles();
   for (int i = 0; i < 10; ++i) cycle();
   EXPECT_TRUE(waitFor([&] { return handles() <= before + 5; }, 5000)) << before << " " << handles();
 }

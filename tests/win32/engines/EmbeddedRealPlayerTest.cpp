@@ -370,9 +370,10 @@ TEST_F(DirectShowOnDesktop, ManyPlaysLeaveNoHandleAndNoWindowBehind) {
     trace.clear();
   };
   for (int i = 0; i < 3; ++i) cycle();
-  const DWORD before = handles();
+  const int before = processHandles();
   for (int i = 0; i < 10; ++i) cycle();
-  EXPECT_TRUE(waitFor([&] { return handles() <= before + 5; }, 5000)) << before << " " << handles();
+  EXPECT_TRUE(waitFor([&] { return processHandles() <= before + 5; }, 5000))
+      << before << " " << processHandles();
 }
 
 TEST_F(DirectShowOnDesktop, VisibilityAndPlacementAreThoseOfItsWindow) {

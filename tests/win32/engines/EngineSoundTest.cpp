@@ -6,6 +6,7 @@
 
 #include "screen/engines/direct_show/EmbeddedRealPlayer.h"
 #include "screen/engines/media_foundation/EmbeddedMediaPlayer.h"
+#include "screen/engines/windows_media_player/WindowsMediaPlayerControl.h"
 #include "win32/engines/EngineStage.h"
 
 namespace tessivo {
@@ -19,7 +20,7 @@ class EngineSoundOnDesktop : public EngineStage {
     return value == nullptr ? "" : value;
   }
 
-  /// The same orders for both engines; `playing` says whether the engine has reported that it
+  /// The same orders for all engines; `playing` says whether the engine has reported that it
   /// plays.
   template <typename Engine>
   void play(Engine& engine, const bool& playing, const std::string& state) {
@@ -35,23 +36,36 @@ class EngineSoundOnDesktop : public EngineStage {
     std::ofstream(ordered("TESSIVO_TEST_READY")) << "ready";
     watch(3000);
   }
-};
 
-TEST_F(EngineSoundOnDesktop, PlaysAsTheScriptSays) {
-  const std::string state = ordered("TESSIVO_TEST_SOUND");
-  bool playing = false;
-  if (ordered("TESSIVO_TEST_ENGINE") == "media_foundation") {
-    EmbeddedMediaPlayer engine(stage, log);
+  template <typename MediaPlayer>
+  void playInMediaPlayer(const std::string& state) {
+    bool playing = false;
+    MediaPlayer engine(stage, log);
     engine.playStateChange.listen(
         [&](MediaPlayState now) { playing = now == MediaPlayState::playing; });
     engine.setUrl(media("tone.wav"));
     play(engine, playing, state);
-  } else {
+  }
+  void playInRealPlayer(const std::string& state) {
+    bool playing = false;
     EmbeddedRealPlayer engine(stage, log);
     engine.playStateChange.listen(
         [&](RealPlayState, RealPlayState now) { playing = now == RealPlayState::playing; });
     engine.setSource(media("tone.wav"));
     play(engine, playing, state);
+  }
+};
+
+TEST_F(EngineSoundOnDesktop, PlaysAsTheScriptSays) {
+  const std::string state = ordered("TESSIVO_TEST_SOUND");
+  const std::string engine = ordered("TESSIVO_TEST_ENGINE");
+  if (engine == "media_foundation") {
+    playInMediaPlayer<EmbeddedMediaPlayer>(state);
+  } else if (engine == "windows_media_player") {
+    playInMediaPlayer<WindowsMediaPlayerControl>(state);
+  } else {
+    ASSERT_EQ(engine, "direct_show");
+    playInRealPlayer(state);
   }
 }
 

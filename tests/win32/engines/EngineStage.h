@@ -11,10 +11,13 @@
 
 #include "base/Text.h"
 #include "fakes/FakeLog.h"
+#include "win32/ResourceCounts.h"
+#include "win32/WaitFor.h"
+#include "win32/engines/Media.h"
 
 namespace tessivo {
 
-/// A visible window on the desktop for an engine to play in, and a message loop to wait with.
+/// A visible window on the desktop for an engine to play in.
 /// run-engines.sh makes the media and says in TESSIVO_TEST_MEDIA where they are.
 class EngineStage : public testing::Test {
  protected:
@@ -39,30 +42,6 @@ class EngineStage : public testing::Test {
   static std::wstring wide(const std::string& text) {
     const std::u16string utf16 = toUtf16(text);
     return {utf16.begin(), utf16.end()};
-  }
-
-  static std::string mediaFolder() {
-    const wchar_t* folder = _wgetenv(L"TESSIVO_TEST_MEDIA");
-    if (folder == nullptr) return {};
-    const std::wstring text = folder;
-    return toUtf8(std::u16string(text.begin(), text.end()));
-  }
-  static std::string media(const std::string& name) { return mediaFolder() + "\\" + name; }
-
-  /// Serves the message loop until the condition holds; false when the time was up first.
-  static bool waitFor(const std::function<bool()>& condition, DWORD ms = 15000) {
-    const ULONGLONG deadline = GetTickCount64() + ms;
-    while (!condition()) {
-      if (GetTickCount64() >= deadline) return false;
-      MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-      MSG message;
-      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-    }
-    return true;
-  }
-  /// Serves the message loop for so long: to see that something does not happen.
-  static void watch(DWORD ms) {
-    waitFor([] { return false; }, ms);
   }
 
   /// How long a call keeps the user interface waiting, in milliseconds.
@@ -124,12 +103,6 @@ class EngineStage : public testing::Test {
 
   /// The engine's own window.
   HWND engineWindow() const { return GetWindow(stage, GW_CHILD); }
-
-  static DWORD handles() {
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return count;
-  }
 
   HWND stage = nullptr;
   FakeLog log;

@@ -12,6 +12,7 @@
 #include "fakes/FakeLog.h"
 #include "platform/win32/ComPtr.h"
 #include "screen/engines/real_player/RealPlayerControl.h"
+#include "win32/WaitFor.h"
 
 namespace tessivo {
 
@@ -75,22 +76,6 @@ class TestControlStage : public testing::Test {
   void withdrawControl() {
     if (offer_ != 0) CoRevokeClassObject(offer_);
     offer_ = 0;
-  }
-
-  /// Runs the message loop until nothing is left in it.
-  static void serve() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-  }
-  /// Runs the message loop until the condition holds; false when the time was up first.
-  static bool waitFor(const std::function<bool()>& condition, DWORD ms = 15000) {
-    const ULONGLONG deadline = GetTickCount64() + ms;
-    while (!condition()) {
-      if (GetTickCount64() >= deadline) return false;
-      MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-      serve();
-    }
-    return true;
   }
 
   /// What was asked of the control since the last time.

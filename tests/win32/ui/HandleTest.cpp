@@ -1,37 +1,9 @@
 #include "platform/win32/Gdi.h"
+#include "win32/ResourceCounts.h"
 #include "win32/ui/OpenForm.h"
 
 namespace tessivo::ui {
 namespace {
-
-constexpr std::uintptr_t kHandleNumbers = 0x10000;
-
-/// The drawing objects of the process. Where the system does not count them, each number is tried:
-/// a handle without its upper half is taken there.
-int drawingObjects() {
-  if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) {
-    return static_cast<int>(count);
-  }
-  int count = 0;
-  for (std::uintptr_t i = 1; i < kHandleNumbers; ++i) {
-    count += GetObjectType(reinterpret_cast<HGDIOBJ>(i)) != 0;
-  }
-  return count;
-}
-
-/// The windows of the process, and what else the system counts with them.
-int userObjects() {
-  if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)) {
-    return static_cast<int>(count);
-  }
-  int count = 0;
-  for (std::uintptr_t i = 1; i < kHandleNumbers; ++i) {
-    DWORD process = 0;
-    GetWindowThreadProcessId(reinterpret_cast<HWND>(i), &process);
-    count += process == GetCurrentProcessId();
-  }
-  return count;
-}
 
 class HandleTest : public OpenForm {
  protected:

@@ -1,10 +1,13 @@
 #include "screen/engines/direct_show/PlaybackGraph.h"
 
+#include <dsound.h>
 #include <evcode.h>
 #include <vfwmsgs.h>
 
 #include <algorithm>
 #include <limits>
+
+#include "screen/engines/embedded/RunsOnWine.h"
 
 namespace tessivo {
 namespace {
@@ -24,6 +27,30 @@ bool isConnected(IBaseFilter* renderer) {
          SUCCEEDED(pin->ConnectedTo(peer.put()));
 }
 
+/// Wine loses the sound renderer of each graph, and with it the thread of the clock that it lends
+/// to a film. The clock that it lends is the system's anyway: with one of the graph's own, the
+/// thread ends with the graph.
+void takeSystemClock(const ComPtr<IGraphBuilder>& graph) {
+  ComPtr<IReferenceClock> clock;
+  const auto filter = graph.as<IMediaFilter>(IID_IMediaFilter);
+  if (filter && SUCCEEDED(CoCreateInstance(CLSID_SystemClock, nullptr, CLSCTX_INPROC_SERVER,
+                                           IID_IReferenceClock, clock.putVoid()))) {
+    filter->SetSyncSource(clock.get());
+  }
+}
+
+/// Wine's sound device crashes when one graph lets go of it while another takes it: one that nobody
+/// ever lets go of, for the life of the process.
+void keepSoundDevice() {
+  [[maybe_unused]] static IDirectSound8* const forGood = [] {
+    void* device = nullptr;
+    CoCreateInstance(CLSID_DirectSound8, nullptr, CLSCTX_INPROC_SERVER, IID_IDirectSound8, &device);
+    auto* const sound = static_cast<IDirectSound8*>(device);
+    if (sound) sound->Initialize(nullptr);
+    return sound;
+  }();
+}
+
 }  // namespace
 
 PlaybackGraph::~PlaybackGraph() {
@@ -34,6 +61,7 @@ PlaybackGraph::~PlaybackGraph() {
 }
 
 HRESULT PlaybackGraph::open(const std::wstring& source, HWND picture) {
+  if (runsOnWine()) keepSoundDevice();
   HRESULT hr = CoCreateInstance(CLSID_FilterGraph, nullptr, CLSCTX_INPROC_SERVER,
                                 __uuidof(IGraphBuilder), graph_.putVoid());
   if (FAILED(hr)) return hr;
@@ -54,6 +82,7 @@ HRESULT PlaybackGraph::open(const std::wstring& source, HWND picture) {
     graph_->RemoveFilter(renderer.get());
   }
   if (output_) output_->attach();
+  if (runsOnWine()) takeSystemClock(graph_);
   return S_OK;
 }
 

@@ -74,6 +74,7 @@ bool MediaPresentation::mayStart() {
 }
 
 void MediaPresentation::startIsOver() {
+  if (runsOnWine()) Sleep(kSourceSettlesMs);
   ComPtr<IMFMediaSession> session;
   {
     const std::lock_guard lock(mutex_);
@@ -192,8 +193,8 @@ void MediaPresentation::followSession() {
 }
 
 void MediaPresentation::handleEvent(IMFMediaEvent* event, MediaEventType type, HRESULT status) {
-  if (type == MESessionStarted || FAILED(status)) startIsOver();
   if (FAILED(status)) {
+    startIsOver();
     // A machine without a sound device still shows the picture.
     if (type == MESessionTopologySet && withSound_ && hasPicture_ &&
         SUCCEEDED(setTopology(false))) {
@@ -208,7 +209,8 @@ void MediaPresentation::handleEvent(IMFMediaEvent* event, MediaEventType type, H
       if (topologyStatus == MF_TOPOSTATUS_READY) sessionIsReady();
       return;
     case MESessionStarted:
-      return post(EngineEvent::playing);
+      post(EngineEvent::playing);
+      return startIsOver();
     case MESessionPaused:
       return post(EngineEvent::paused);
     case MESessionEnded:
