@@ -76,7 +76,7 @@ inline std::wstring kindOfHandle(HANDLE handle) {
 
 /// Where the system does not count them (Wine) each number is tried, and kinds that it loses by
 /// itself can be left out (see docs/testing.md).
-inline int processHandles(std::initializer_list<std::wstring_view> wineLoses = {L"Key"}) {
+inline int processHandles(std::initializer_list<std::wstring_view> wineLoses = {L"Key", L"Event"}) {
   DWORD counted = 0;
   if (GetProcessHandleCount(GetCurrentProcess(), &counted) && counted > 0) {
     return static_cast<int>(counted);
@@ -123,8 +123,8 @@ struct ResourceCounts {
   int windows = processWindows();
   int user = userObjects();
   int drawing = drawingObjects();
-  int events = processHandles({L"Key"}) - processHandles({L"Key", L"Event"});
-  int otherHandles = processHandles({L"Key", L"Event"});
+  int events = processHandles({L"Key"}) - processHandles();
+  int otherHandles = processHandles();
   int threads = processThreads();
 };
 

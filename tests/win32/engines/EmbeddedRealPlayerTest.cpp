@@ -372,8 +372,7 @@ TEST_F(DirectShowOnDesktop, ManyPlaysLeaveNoHandleAndNoWindowBehind) {
   for (int i = 0; i < 3; ++i) cycle();
   const int before = processHandles();
   for (int i = 0; i < 10; ++i) cycle();
-  EXPECT_TRUE(waitFor([&] { return processHandles() <= before + 5; }, 5000))
-      << before << " " << processHandles();
+  EXPECT_TRUE(waitFor([&] { return processHandles() <= before + 5; }, 5000));
 }
 
 TEST_F(DirectShowOnDesktop, VisibilityAndPlacementAreThoseOfItsWindow) {
