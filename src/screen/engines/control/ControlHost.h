@@ -74,7 +74,6 @@ class ControlHost : private EngineWindow::Owner {
 
   /// Whether the control was made and activated.
   bool created() const { return static_cast<bool>(object_); }
-  const std::string& name() const { return setup_.name; }
   /// Null when it was not made.
   IUnknown* control() const { return object_.get(); }
 
