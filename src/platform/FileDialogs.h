@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Displays.h"
+
+namespace tessivo {
+
+/// What the open-file dialog is to show and how much it may answer.
+struct OpenFilesRequest {
+  std::string title;
+  std::uint32_t flags = 0;       ///< the system's OFN_ bits, passed on unchanged
+  std::string filter;            ///< "name|patterns|name|patterns…"
+  std::int32_t filterIndex = 1;  ///< the filter's entry chosen at first, from 1
+  std::int32_t maxLength = 0;    ///< of the answer in UTF-16 characters, with the NUL at its end
+  WindowHandle owner = 0;        ///< the dialog is modal over it
+};
+
+enum class FileDialogOutcome {
+  chosen,
+  cancelled,
+  tooMany,  ///< the chosen names do not fit into `maxLength` characters
+  failed,   ///< the dialog could not be shown, or broke off; the log has the reason
+};
+
+struct OpenFilesAnswer {
+  FileDialogOutcome outcome = FileDialogOutcome::cancelled;
+  /// Empty unless chosen. One path; of several files the folder and then the names, separated by
+  /// NUL characters, with none at the end. A drive's root is the only folder that ends with '\'.
+  std::string text;
+};
+
+/// The system's dialogs that ask for files. The control panel asks.
+class FileDialogs {
+ public:
+  virtual ~FileDialogs() = default;
+  /// Shows the dialog and serves messages until the user has answered. Leaves the process's
+  /// current folder as it was.
+  virtual OpenFilesAnswer openFiles(const OpenFilesRequest& request) = 0;
+};
+
+}  // namespace tessivo
