@@ -109,7 +109,7 @@ int runProgram() {
   MovieKeys keys(clock);
   PlayList playList(keys);
   Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry,
-                       shownWindows, caughtWindows});
+                       shownWindows, caughtWindows, timers});
   frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
   frmMain panel(toolkit, displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,

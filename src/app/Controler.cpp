@@ -30,7 +30,10 @@ std::optional<cMonitor> monitorUnder(const Displays& displays, Point point) {
 
 }  // namespace
 
-Controler::Controler(const ControlerServices& services) : services_(services) {}
+Controler::Controler(const ControlerServices& services)
+    : services_(services), adding_(services.clock, services.formTimers) {
+  adding_.progressed.listen([this] { showAddingProgress(); });
+}
 
 Controler::~Controler() {
   services_.shownWindows.stop();
@@ -89,6 +92,8 @@ void Controler::listenToScreen() {
 void Controler::exitSys() {
   if (exiting_) return;
   exiting_ = true;
+  panel_->finishWork();
+  finishAdding();
   services_.caughtWindows.giveBackAll();
   saveResumePoint();
   takeFormsDown();
@@ -242,7 +247,28 @@ void Controler::frmScreen_DbClickPlayer(bool boolMaxSize) {
   }
   const auto monitor = monitorUnder(services_.displays, services_.pointer.position());
   if (!monitor) return;
-  screen_->setMaximum({monitor->Left(), monitor->Top(), monitor->Width(), monitor->Height()});
+  showOn(*monitor);
+}
+
+std::int32_t Controler::lngMonitorCount() const {
+  cMonitors2 monitors(services_.displays);
+  monitors.GetMonitorArray();
+  return monitors.lngMonitorsCount();
+}
+
+bool Controler::showOnMonitor(std::int32_t number) {
+  cMonitors2 monitors(services_.displays);
+  monitors.GetMonitorArray();
+  const auto monitor = monitors.objGetAMonitorByIndex(number);
+  if (!monitor) return false;
+  if (screen_->boolMaxSize())
+    screen_->boolMaxSize(false);  // it enters on another monitor only anew
+  showOn(*monitor);
+  return true;
+}
+
+void Controler::showOn(const cMonitor& monitor) {
+  screen_->setMaximum({monitor.Left(), monitor.Top(), monitor.Width(), monitor.Height()});
   switchFullScreen(true);
 }
 

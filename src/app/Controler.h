@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/PanelFace.h"
+#include "app/SlicedWork.h"
 #include "data/PlayList.h"
 #include "data/SysConfig.h"
 #include "platform/Files.h"
@@ -18,6 +19,8 @@
 #include "screen/frmScreen.h"
 
 namespace tessivo {
+
+class cMonitor;
 
 /// What the controller needs of the system.
 struct ControlerServices {
@@ -32,6 +35,7 @@ struct ControlerServices {
   MTimer& timers;
   ShownWindows& shownWindows;
   CaughtWindows& caughtWindows;
+  TimerService& formTimers;
 };
 
 /// Directions of stepping.
@@ -58,8 +62,9 @@ class Controler {
   /// The references, once the forms are there. From here on the controller hears the playback
   /// window's events.
   void setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList);
-  /// The only way out: saves, takes the forms down and ends the message loop. A second call, from
-  /// an event inside the first, does nothing.
+  /// The only way out: completes the additions under way, saves, takes the forms down and ends the
+  /// message loop. What those additions were to play is not started: the resume point is that of
+  /// the item that played. A second call, from an event inside the first, does nothing.
   void exitSys();
 
   bool play();
@@ -77,12 +82,17 @@ class Controler {
   /// Adds one file; nothing when the path is neither a web address nor an existing file. Double
   /// quotes around the path are not part of it.
   MoviePtr AddAMovieToPL(const std::string& path);
-  /// Adds the paths from index 1 on and, if asked, plays the first one added.
-  void BatchAddMovie(const std::vector<std::string>& paths, bool play);
+  /// Adds the paths from index 1 on and, if asked, plays the first one added. A few are added
+  /// before the call returns; of many the rest follows in slices, while the user goes on working,
+  /// and further batches wait until it is their turn. Whoever plays or selects "the first" means
+  /// the first of the batch that is still in the list then.
+  void BatchAddMovie(std::vector<std::string> paths, bool play);
   /// Removes an item. `next` is the entry to select then: the one that followed, else the one
   /// before, else nothing; it is the act item and, when the removed item was the play item, the
   /// play item, loaded but not started.
   bool deleteAItemFromPL(const std::string& key, MoviePtr& next);
+  /// Empties the list, also of what still waits to be added; nothing plays afterwards, not even
+  /// what a waiting batch was to play.
   void deleteAllItemFromPL();
   bool moveAItemUpDown(int direction, const std::string& key, MoviePtr& neighbour);
   void selectAItem(const std::string& key);
@@ -93,6 +103,13 @@ class Controler {
   /// Steps the play item (1 next, 2 previous) and loads the new one; starting it is the caller's
   /// step. Any other direction does nothing.
   void playNextPreviousPlayItem(int direction, bool recycle, MoviePtr& previous, MoviePtr& now);
+
+  /// The monitors there are now.
+  std::int32_t lngMonitorCount() const;
+  /// Full screen on a monitor: counted from 1, the primary first, then as the system reports them.
+  /// False and nothing done when there is no such monitor (any more).
+  bool showOnMonitor(std::int32_t number);
+  void leaveFullScreen() { switchFullScreen(false); }
 
   void showMainFace();
   /// Puts the control panel on the monitor under the pointer: where it is when it stands there
@@ -113,10 +130,24 @@ class Controler {
   void m_objMouseHideShow_tellMePlayArea(PlayArea& area) const;
 
  private:
+  /// Paths on their way into the list.
+  struct Batch {
+    std::vector<std::string> paths;
+    bool play = false;
+    std::size_t next = 1;
+    std::vector<MoviePtr> added;
+  };
+
   bool isAcceptable(const std::string& path) const;
+  bool isListed(const MoviePtr& movie) const;
   void listenToScreen();
   void startMouseHiding();
+  bool addNext(Batch& batch);
+  void endBatch(const Batch& batch);
   void startBatch(const Movie& first);
+  void showAddingProgress();
+  void finishAdding();
+  void showOn(const cMonitor& monitor);
   void switchFullScreen(bool fullScreen);
   void saveResumePoint();
   void takeFormsDown();
@@ -130,6 +161,10 @@ class Controler {
   std::vector<Connection> connections_;
   std::unique_ptr<MouseHideShow> m_objMouseHideShow_;
   Rect playArea_;
+  std::int32_t pathsDone_ = 0;  ///< of the batches under way
+  std::int32_t pathsTotal_ = 0;
+  bool addingShown_ = false;
+  SlicedWork adding_;
   bool exiting_ = false;
 };
 

@@ -1,4 +1,7 @@
 // The controller's operations on the playlist.
+#include <algorithm>
+#include <utility>
+
 #include "app/Controler.h"
 #include "base/Quotes.h"
 #include "base/Text.h"
@@ -23,21 +26,61 @@ MoviePtr Controler::AddAMovieToPL(const std::string& path) {
   return movie;
 }
 
-void Controler::BatchAddMovie(const std::vector<std::string>& paths, bool play) {
-  MoviePtr first;
-  for (std::size_t i = 1; i < paths.size(); ++i) {
-    const auto movie = AddAMovieToPL(paths[i]);
-    if (!movie) continue;
-    panel_->AddAMovieToFaceList(*movie);
-    if (!first) first = movie;
+void Controler::BatchAddMovie(std::vector<std::string> paths, bool play) {
+  if (exiting_) return;
+  if (!paths.empty()) pathsTotal_ += static_cast<std::int32_t>(paths.size() - 1);
+  auto batch = std::make_shared<Batch>();
+  batch->paths = std::move(paths);
+  batch->play = play;
+  adding_.run([this, batch] { return addNext(*batch); });
+}
+
+/// The end is a step of its own: exitSys, called by a message loop that an engine runs while it is
+/// handed the first path, completes the batch from inside.
+bool Controler::addNext(Batch& batch) {
+  if (batch.next >= batch.paths.size()) {
+    endBatch(batch);
+    return false;
   }
-  if (first) {
-    play ? startBatch(*first) : selectAItem(first->strKey);
-    if (!play) panel_->selectPLItemByKey(first->strKey);
+  ++pathsDone_;
+  const auto movie = AddAMovieToPL(batch.paths[batch.next++]);
+  if (!isListed(movie)) return true;
+  panel_->AddAMovieToFaceList(*movie);
+  batch.added.push_back(movie);
+  return true;
+}
+
+bool Controler::isListed(const MoviePtr& movie) const {
+  return movie && playList_->objGetItemByFlag(movie->strKey) == movie;
+}
+
+void Controler::endBatch(const Batch& batch) {
+  const bool play = batch.play && !exiting_;
+  const auto first =
+      std::ranges::find_if(batch.added, [this](const MoviePtr& movie) { return isListed(movie); });
+  if (first != batch.added.end()) {
+    play ? startBatch(**first) : selectAItem((*first)->strKey);
+    if (!play) panel_->selectPLItemByKey((*first)->strKey);
   } else if (play) {
     stopPlay();
     panel_->setFaceToAPlayState(panelState::kStopped, false);
   }
+}
+
+void Controler::showAddingProgress() {
+  if (adding_.isRunning()) {
+    addingShown_ = true;
+    panel_->showAdding(pathsDone_, pathsTotal_);
+    return;
+  }
+  pathsDone_ = pathsTotal_ = 0;
+  if (std::exchange(addingShown_, false)) panel_->showAdding(0, 0);
+}
+
+void Controler::finishAdding() {
+  if (!adding_.isRunning()) return;
+  panel_->hideFace();
+  adding_.finish();
 }
 
 void Controler::startBatch(const Movie& first) {
@@ -50,7 +93,7 @@ void Controler::startBatch(const Movie& first) {
 
 bool Controler::deleteAItemFromPL(const std::string& key, MoviePtr& next) {
   const auto gone = playList_->objGetItemByFlag(key);
-  const bool wasPlayItem = gone && gone->boolIsPlayItem;
+  const bool wasPlayItem = gone && gone == playList_->objGetPlayItem();
   if (!playList_->deleteAItem(key, next)) return false;
   if (next) playList_->setActItemByFlag(next->strKey);
   if (!wasPlayItem) return true;
@@ -60,6 +103,7 @@ bool Controler::deleteAItemFromPL(const std::string& key, MoviePtr& next) {
 }
 
 void Controler::deleteAllItemFromPL() {
+  adding_.cancel();
   playList_->clearList();
   screen_->strFilePath("");
 }

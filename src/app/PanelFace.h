@@ -43,6 +43,12 @@ class PanelFace {
   virtual std::int32_t lngGetMovieLen() const = 0;
   virtual std::int32_t lngGetJinDu() const = 0;
   virtual void setFaceBySysConfigPara(const SysConfig& config) = 0;
+  /// A long addition is under way: `done` of `total` paths have been looked at. Total 0: it is
+  /// over. Short additions are not announced.
+  virtual void showAdding(std::int32_t done, std::int32_t total) = 0;
+  /// Completes what is under way in the panel (deleting many rows); the program is about to leave.
+  /// A panel that has much left to do hides itself first.
+  virtual void finishWork() = 0;
 
   /// The window's rectangle in pixels.
   virtual Rect faceRect() const = 0;
@@ -54,6 +60,7 @@ class PanelFace {
   virtual void bringFaceToFront() = 0;
   /// Keeps the window above the show.
   virtual void keepFaceOnTop(bool onTop) = 0;
+  virtual void hideFace() = 0;
   virtual void hideAndUnloadFace() = 0;
 };
 

@@ -32,11 +32,14 @@ class frmMain : public ui::Form, public PanelFace {
   std::int32_t lngGetMovieLen() const override { return sldJinDu.max(); }
   std::int32_t lngGetJinDu() const override { return sldJinDu.value(); }
   void setFaceBySysConfigPara(const SysConfig& config) override;
+  void showAdding(std::int32_t, std::int32_t) override {}
+  void finishWork() override {}
   Rect faceRect() const override { return windowRect(); }
   void moveFace(Point upperLeft) override;
   void restoreFace() override;
   void bringFaceToFront() override;
   void keepFaceOnTop(bool onTop) override { setTopmost(onTop); }
+  void hideFace() override { hide(); }
   void hideAndUnloadFace() override;
 
   /// State 1: "暂停" with tag "1"; state 2: "播放" with tag "2"; others change nothing.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "app/PanelFace.h"
@@ -11,7 +12,10 @@ namespace tessivo {
 /// The control panel as the controller's tests see it: notes what it is told.
 struct FakePanel : PanelFace {
   explicit FakePanel(Trace& t) : trace(t) {}
-  void AddAMovieToFaceList(const Movie& movie) override { trace.add("row " + movie.strFileName); }
+  void AddAMovieToFaceList(const Movie& movie) override {
+    trace.add("row " + movie.strFileName);
+    if (whileAddingRow) whileAddingRow();
+  }
   void setPLItemStateByKey(const std::string& key, int state) override {
     trace.add("mark " + key + " " + std::to_string(state));
   }
@@ -29,6 +33,12 @@ struct FakePanel : PanelFace {
   std::int32_t lngGetMovieLen() const override { return shownLength; }
   std::int32_t lngGetJinDu() const override { return shownPosition; }
   void setFaceBySysConfigPara(const SysConfig&) override { trace.add("settings shown"); }
+  void showAdding(std::int32_t done, std::int32_t total) override {
+    trace.add("adding " + std::to_string(done) + "/" + std::to_string(total));
+  }
+  void finishWork() override {
+    if (whileFinishing) whileFinishing();
+  }
   Rect faceRect() const override { return rect; }
   void moveFace(Point upperLeft) override {
     rect.left = upperLeft.x;
@@ -38,6 +48,7 @@ struct FakePanel : PanelFace {
   void restoreFace() override { trace.add("panel restored"); }
   void bringFaceToFront() override { trace.add("panel front"); }
   void keepFaceOnTop(bool onTop) override { trace.add(onTop ? "panel on top" : "panel normal"); }
+  void hideFace() override { trace.add("panel hidden"); }
   void hideAndUnloadFace() override {
     trace.add("panel gone");
     shownLength = 0;
@@ -45,6 +56,8 @@ struct FakePanel : PanelFace {
   }
 
   Trace& trace;
+  std::function<void()> whileAddingRow;
+  std::function<void()> whileFinishing;
   std::int32_t shownLength = 100;
   std::int32_t shownPosition = 0;
   Rect rect{100, 100, 400, 300};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -9,7 +10,8 @@
 namespace tessivo {
 
 /// Clock and timers of a test: time stands still until `advance`, which fires what falls due, in
-/// order of the due times and, for equal times, of the starts.
+/// order of the due times and, for equal times, of the starts. A tick may advance it further: it
+/// takes that long, and never goes back.
 class VirtualTime : public Clock, public TimerService {
  public:
   LocalTime now() const override {
@@ -40,7 +42,7 @@ class VirtualTime : public Clock, public TimerService {
       due_[{when + static_cast<std::uint64_t>(tick.intervalMs), id}] = tick;
       tick.onTick();
     }
-    nowMs_ = end;
+    nowMs_ = std::max(nowMs_, end);
   }
   std::size_t running() const { return due_.size(); }
 

@@ -50,7 +50,7 @@ class ControlerFixture : public ScreenFixture {
   FakeThreadTimers threadTimers{time};
   MTimer timers{threadTimers};
   Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers,
-                       shownWindows, caughtWindows}};
+                       shownWindows, caughtWindows, time}};
 };
 
 }  // namespace tessivo
