@@ -18,9 +18,13 @@ constexpr wchar_t kWindowClass[] = L"TessivoForm";
 constexpr int kProgramIcon = 1;
 constexpr LONG kNoLimit = 32767;
 
-HICON programIcon() {
-  const HICON icon = LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon));
-  return icon ? icon : LoadIconW(nullptr, IDI_APPLICATION);
+/// The program's icon as wide and high as the system metric says. Not LR_SHARED, which answers any
+/// size with the one that was loaded first.
+HICON programIcon(int metric) {
+  const int side = GetSystemMetrics(metric);
+  const HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon),
+                                 IMAGE_ICON, side, side, LR_DEFAULTCOLOR);
+  return icon ? static_cast<HICON>(icon) : LoadIconW(nullptr, IDI_APPLICATION);
 }
 
 /// How a window comes to its state without taking the keyboard from another program.
@@ -61,12 +65,16 @@ Win32Form::~Win32Form() {
 }
 
 void Win32Form::registerClass() {
+  // Loaded once: they belong to the class, which lasts as long as the program.
+  static const HICON bigIcon = programIcon(SM_CXICON);
+  static const HICON smallIcon = programIcon(SM_CXSMICON);
   WNDCLASSEXW windowClass{};
   windowClass.cbSize = sizeof windowClass;
   windowClass.style = CS_DBLCLKS;
   windowClass.lpfnWndProc = windowProc;
   windowClass.hInstance = GetModuleHandleW(nullptr);
-  windowClass.hIcon = programIcon();
+  windowClass.hIcon = bigIcon;
+  windowClass.hIconSm = smallIcon;
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.lpszClassName = kWindowClass;
   RegisterClassExW(&windowClass);  // fails harmlessly after the first time

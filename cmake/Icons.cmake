@@ -1,0 +1,53 @@
+# The program's pictures: every packaging/icons/NUMBER-name.svg becomes the icon resource NUMBER of
+# the target, in the sizes that buttons and windows have at the usual display scales.
+set(TESSIVO_ICON_SIZES 16 20 24 28 32 40 48 64)
+set(TESSIVO_ICON_FOLDER ${PROJECT_BINARY_DIR}/icons)
+
+# One .ico out of one drawing. 256 pixels are stored as PNG, and only for the program itself.
+function(tessivo_icon drawing ico)
+  cmake_path(GET ico STEM name)
+  set(large)
+  if(name STREQUAL "1-program")
+    set(large 256)
+  endif()
+  set(commands)
+  set(pictures)
+  foreach(size IN LISTS TESSIVO_ICON_SIZES large)
+    set(picture ${TESSIVO_ICON_FOLDER}/${name}-${size}.png)
+    list(APPEND commands COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${picture} ${drawing})
+    if(size EQUAL 256)
+      list(APPEND pictures --raw=${picture})
+    else()
+      list(APPEND pictures ${picture})
+    endif()
+  endforeach()
+  add_custom_command(OUTPUT ${ico} ${commands}
+    COMMAND ${ICOTOOL} --create --bit-depth=32 --output=${ico} ${pictures}
+    DEPENDS ${drawing} COMMENT "Drawing the icon ${name}" VERBATIM)
+endfunction()
+
+if(WIN32)
+  find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+  find_program(ICOTOOL icotool REQUIRED)
+  file(MAKE_DIRECTORY ${TESSIVO_ICON_FOLDER})
+  file(GLOB drawings CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/icons/*.svg)
+  set(TESSIVO_ICONS)
+  set(resources)
+  foreach(drawing IN LISTS drawings)
+    cmake_path(GET drawing STEM name)
+    string(REGEX MATCH "^[0-9]+" number ${name})
+    set(ico ${TESSIVO_ICON_FOLDER}/${name}.ico)
+    tessivo_icon(${drawing} ${ico})
+    list(APPEND TESSIVO_ICONS ${ico})
+    string(APPEND resources "${number} ICON \"${ico}\"\n")
+  endforeach()
+  file(CONFIGURE OUTPUT ${TESSIVO_ICON_FOLDER}/icons.rc CONTENT "${resources}")
+  add_custom_target(tessivo_icons DEPENDS ${TESSIVO_ICONS})
+endif()
+
+# Links all pictures into the program.
+function(tessivo_link_icons target)
+  target_sources(${target} PRIVATE ${TESSIVO_ICON_FOLDER}/icons.rc)
+  set_source_files_properties(${TESSIVO_ICON_FOLDER}/icons.rc PROPERTIES OBJECT_DEPENDS "${TESSIVO_ICONS}")
+  add_dependencies(${target} tessivo_icons)
+endfunction()
