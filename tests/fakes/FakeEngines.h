@@ -92,7 +92,10 @@ class FakeRealPlayer : public RealPlayerSlot {
     area = pixels;
     note("move");
   }
-  void setSource(const std::string& source) override { note("source " + source); }
+  void setSource(const std::string& source) override {
+    note("source " + source);
+    if (whenSourced) whenSourced();
+  }
   void play() override {
     note("play");
     if (whenPlayed) whenPlayed();
@@ -116,7 +119,8 @@ class FakeRealPlayer : public RealPlayerSlot {
   bool active = false;
   std::int32_t length = 0;
   Rect area;
-  std::function<void()> whenPlayed;  ///< runs inside `play`
+  std::function<void()> whenPlayed;   ///< runs inside `play`
+  std::function<void()> whenSourced;  ///< runs inside `setSource`
 
  private:
   void note(const std::string& step) { trace_.add("real " + step); }
