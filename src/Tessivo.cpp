@@ -19,9 +19,11 @@
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32DesktopWindows.h"
 #include "platform/win32/Win32Displays.h"
+#include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32ShownWindows.h"
 #include "platform/win32/Win32ThreadTimers.h"
 #include "platform/win32/Win32TimerService.h"
@@ -111,7 +113,10 @@ int runProgram() {
   Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry,
                        shownWindows, caughtWindows, timers});
   frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
-  frmMain panel(toolkit, displays.twipsPerPixel(), controler);
+  Win32FileDialogs fileDialogs(*log);
+  Win32Shell shell(*log);
+  frmMain panel({toolkit, timers, clock, pointer, windows, fileDialogs, shell, paths.helpPage},
+                displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            panel, [&panel, &displays] {
              panel.load(panelArea(displays));

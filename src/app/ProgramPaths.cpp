@@ -12,6 +12,7 @@ ProgramPaths formProgramPaths(const std::string& programFolder) {
   paths.databaseForOthers = programFolder + "\\sysconfig";
   paths.screenSaverFolder = programFolder + "\\SSP";
   paths.associationStore = paths.parentFolder + "\\FileAssocia";
+  paths.helpPage = programFolder + "\\Help\\FunctionIntroduce.htm";
   return paths;
 }
 

@@ -12,6 +12,7 @@ struct ProgramPaths {
   std::string databaseForOthers;  ///< the same file, for those who open it themselves
   std::string screenSaverFolder;
   std::string associationStore;
+  std::string helpPage;
 };
 
 ProgramPaths formProgramPaths(const std::string& programFolder);

@@ -1,126 +1,252 @@
+// The control panel's construction, window and keyboard.
 #include "panel/frmMain.h"
 
 #include <algorithm>
 
-#include "base/Twips.h"
-#include "screen/PlayRule.h"
+#include "panel/Icons.h"
 
 namespace tessivo {
 namespace {
 
-// Twips. One grid for the whole panel: a margin, a gap, and one height for a line of controls.
-constexpr std::int32_t kWidth = 9000;
-constexpr std::int32_t kHeight = 7500;
-constexpr std::int32_t kMinWidth = 7800;
-constexpr std::int32_t kMinHeight = 4800;
-constexpr std::int32_t kMargin = 150;
-constexpr std::int32_t kGap = 105;
-constexpr std::int32_t kLine = 375;
-constexpr std::int32_t kText = 240;
-constexpr std::int32_t kTimeWidth = 1200;
-constexpr std::int32_t kStateWidth = 1050;
-constexpr std::int32_t kButtonWidth = 1050;
-constexpr std::int32_t kVolumeLabelWidth = 480;
-constexpr std::int32_t kVolumeWidth = 1350;
-constexpr std::int32_t kTickColumn = 375;
-constexpr std::int32_t kNameColumn = 3500;
-constexpr std::int32_t kPathColumn = 10000;
+constexpr std::int32_t kWidth = 10200;  // twips
+constexpr std::int32_t kHeight = 7800;
+constexpr int kHideDeleteNoteMs = 5000;
+constexpr int kBeforeQuickMoveMs = 500;
+constexpr int kQuickMoveMs = 150;
+constexpr int kSetPLTabFaceMs = 1000;
+constexpr int kNextTurnMs = 1;
+constexpr int kHoverMs = 100;
+constexpr int kRecordStateMs = 1000;
+constexpr int kActiveMs = 450;
 constexpr ui::Colour kErrorColour = 0xB00020;
+constexpr ui::Colour kSeparatorColour = 0xC8C8C8;
+
+constexpr ui::KeyCode kEnter = 13;
+constexpr ui::KeyCode kDelete = 46;
+constexpr ui::KeyCode kLetterA = 65;
+constexpr ui::KeyCode kMenuKey = 93;
+constexpr ui::KeyCode kF1 = 112;
 
 }  // namespace
 
-frmMain::frmMain(ui::Toolkit& toolkit, TwipsPerPixel twipsPerPixel, Controler& controler)
+frmMain::frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Controler& controler)
     : Form("frmMain", "Tessivo 泰思维", twipsPerPixel),
       labPlayState1(this, "labPlayState1", "停止: "),
       txtFileName(this, "txtFileName", true),
-      sldJinDu(this, "sldJinDu"),
-      labMoviePosi(this, "labMoviePosi", "00:00:00"),
       labSlidMax(this, "labSlidMax", ""),
+      labMoviePosi(this, "labMoviePosi", "00:00:00"),
+      sldJinDu(this, "sldJinDu"),
       labMovieLen(this, "labMovieLen", "00:00:00"),
-      cmdPlay(this, "cmdPlay", "播放"),
-      cmdStop(this, "cmdStop", "停止"),
-      labVolume(this, "labVolume", "音量"),
+      cmdPlay(this, "cmdPlay", ""),
+      cmdStop(this, "cmdStop", "停止(&S)"),
+      picJingFangYin(this, "picJingFangYin"),
       sldVolume(this, "sldVolume"),
+      cmdSetScreen(this, "cmdSetScreen", ""),
+      labPlayRuler(this, "labPlayRuler", "播放引擎:"),
       comboPlayRuler(this, "comboPlayRuler"),
-      cmdRecyclePlayPL(this, "cmdRecyclePlayPL", "顺序播放"),
-      lvPlayList(this, "lvPlayList"),
-      labFileCount(this, "labFileCount", "0"),
-      labPlayErrNote(this, "labPlayErrNote", ""),
-      toolkit_(toolkit),
-      controler_(controler) {
-  setMinimumSize(kMinWidth, kMinHeight);
+      cmdRecyclePlayPL(this, "cmdRecyclePlayPL", ""),
+      cmdHideShowPL(this, "cmdHideShowPL", ""),
+      picSeparator(this, "picSeparator"),
+      tsLists(this, "tsLists"),
+      labWork(this, "labWork", ""),
+      picPlayErrNote(this, "picPlayErrNote"),
+      picPlayErrSign(&picPlayErrNote, "picPlayErrSign"),
+      labPlayErrNote(&picPlayErrNote, "labPlayErrNote", "有新的播放错误"),
+      picPlayListBackGround(this, "picPlayListBackGround"),
+      lvPlayList(&picPlayListBackGround, "lvPlayList"),
+      chkToDeleteAll(&picPlayListBackGround, "chkToDeleteAll", "全选(&Q)"),
+      cmdPLAdd(&picPlayListBackGround, "cmdPLAdd", "添加(&A)..."),
+      cmdPLDelete(&picPlayListBackGround, "cmdPLDelete", "删除(&D)"),
+      cmdPLUp(&picPlayListBackGround, "cmdPLUp", "上移(&U)"),
+      cmdPLDown(&picPlayListBackGround, "cmdPLDown", "下移(&N)"),
+      labDeleteNote(&picPlayListBackGround, "labDeleteNote", "请先勾选要删除的文件"),
+      labFiles(&picPlayListBackGround, "labFiles", "文件数:"),
+      labFileCount(&picPlayListBackGround, "labFileCount", "0"),
+      picPlayErrLLBackGround(this, "picPlayErrLLBackGround"),
+      lvPlayErrLogList(&picPlayErrLLBackGround, "lvPlayErrLogList"),
+      cmdClearPlayErrLL(&picPlayErrLLBackGround, "cmdClearPlayErrLL", "清空(&C)"),
+      labErrors(&picPlayErrLLBackGround, "labErrors", "错误数:"),
+      labPlayErrLogCount(&picPlayErrLLBackGround, "labPlayErrLogCount", "0"),
+      picBottomBorder(this, "picBottomBorder"),
+      mnuMovieOperations("mnuMovieOperations", ""),
+      mnuPlayMovie(mnuMovieOperations.add("mnuPlayMovie", "播放(&P)")),
+      mnuDeleteMovie(mnuMovieOperations.add("mnuDeleteMovie", "删除勾选的文件(&D)")),
+      mnuMovieOperateLine1(mnuMovieOperations.addSeparator("mnuMovieOperateLine1")),
+      mnuAddFilesToPL(mnuMovieOperations.add("mnuAddFilesToPL", "添加文件(&A)...")),
+      mnuMovieOperateLine2(mnuMovieOperations.addSeparator("mnuMovieOperateLine2")),
+      mnuClearPL(mnuMovieOperations.add("mnuClearPL", "清空播放列表(&C)")),
+      mnuPlayFiles(mnuMovieOperations.add("mnuPlayFiles", "添加并播放文件(&O)...")),
+      mnuScreens("mnuScreens", ""),
+      timDelayHideDeleteNote(services.timers, "timDelayHideDeleteNote", kHideDeleteNoteMs),
+      timDelayQuickMoveItem(services.timers, "timDelayQuickMoveItem", kBeforeQuickMoveMs),
+      timQuickMoveItem(services.timers, "timQuickMoveItem", kQuickMoveMs),
+      timDelaySetPLTabFace(services.timers, "timDelaySetPLTabFace", kSetPLTabFaceMs),
+      timDelaySetFrm(services.timers, "timDelaySetFrm", kNextTurnMs),
+      timSetFangJingYinButton(services.timers, "timSetFangJingYinButton", kHoverMs),
+      timRecordMainFaceWindowState(services.timers, "timRecordMainFaceWindowState", kRecordStateMs),
+      timDelayCheckMeIsActive(services.timers, "timDelayCheckMeIsActive", kActiveMs),
+      services_(services),
+      controler_(controler),
+      deleting_(services.clock, services.timers) {
+  setFollowsResolution(true);
   setAcceptsFiles(true);
+  deleting_.progressed.listen([this] { showWork(); });
+  nameControls();
+  listenToTransport();
+  listenToSliders();
+  listenToList();
+  listenToMoving();
+  listenToErrorLog();
+  listenToWindow();
+}
+
+frmMain::~frmMain() {
+  unload();
+}
+
+void frmMain::nameControls() {
+  sldJinDu.setAccessibleName("播放进度");
+  sldVolume.setAccessibleName("音量");
+  sldVolume.setToolTip("音量");
+  comboPlayRuler.setAccessibleName("播放引擎");
+  picJingFangYin.setAccessibleName("放/静音");
+  picJingFangYin.setTakesKeyboard(true);
+  tsLists.setAccessibleName("列表");
+  lvPlayList.setAccessibleName("播放列表");
+  lvPlayErrLogList.setAccessibleName("错误日志");
+  labSlidMax.setAlignment(ui::Alignment::right);
+  labMovieLen.setAlignment(ui::Alignment::right);
+  labWork.setAlignment(ui::Alignment::right);
+  labFiles.setAlignment(ui::Alignment::right);
+  labErrors.setAlignment(ui::Alignment::right);
+  labDeleteNote.setColours(kErrorColour, std::nullopt);
+  labPlayErrNote.setColours(kErrorColour, std::nullopt);
+  picPlayErrNote.setPointerShape(ui::PointerShape::hand);
+  labPlayErrNote.setPointerShape(ui::PointerShape::hand);
+  picPlayErrSign.setPointerShape(ui::PointerShape::hand);
+  picPlayErrSign.setIcon(icon::kError);
+  picSeparator.setColours(std::nullopt, kSeparatorColour);
+  picBottomBorder.setPointerShape(ui::PointerShape::sizeVertical);
+  cmdStop.setIcon(icon::kStop);
+  cmdPLAdd.setIcon(icon::kAdd);
+  cmdPLDelete.setIcon(icon::kDelete);
+  cmdPLUp.setIcon(icon::kMoveUp);
+  cmdPLDown.setIcon(icon::kMoveDown);
+  cmdClearPlayErrLL.setIcon(icon::kClear);
+}
+
+void frmMain::initializeFace() {
+  constexpr std::int32_t kTickColumn = 375;
+  constexpr std::int32_t kNameColumn = 3500;
+  constexpr std::int32_t kPathColumn = 10000;
+  constexpr std::int32_t kTimeColumn = 1900;
+  constexpr int kReasonColumn = 2;
   lvPlayList.addColumn("", kTickColumn);
   lvPlayList.addColumn("名称", kNameColumn);
   lvPlayList.addColumn("路径", kPathColumn);
   lvPlayList.setHasCheckBoxes(true);
-  labMovieLen.setAlignment(ui::Alignment::right);
-  labSlidMax.setAlignment(ui::Alignment::centre);
-  labPlayErrNote.setColours(kErrorColour, std::nullopt);
-  labFileCount.setAlignment(ui::Alignment::right);
-  cmdPlay.setTag("2");
+  lvPlayErrLogList.addColumn("", kTickColumn);
+  lvPlayErrLogList.addColumn("发生时间", kTimeColumn);
+  lvPlayErrLogList.addColumn("原因", kNameColumn);
+  lvPlayErrLogList.addColumn("文件路径", kPathColumn);
+  lvPlayErrLogList.setFirstColumnWithTips(kReasonColumn);
+  tsLists.addTab("播放列表");
+  tsLists.addTab("错误日志");
   fillRules();
-  listenToTransport();
-  listenToSliders();
-  listenToList();
+  setPlayButtonState(2);
+  setMute(false);
+  picJingFangYin.setToolTip("放/静音");
+  showScreenState(false);
+  showRecycleMode();
+  picPlayErrNote.setVisible(false);
+  labDeleteNote.setVisible(false);
+  labWork.setVisible(false);
+  tsLists.setSelected(1);
+  showPage(1);
+  showFileCount();
+  labPlayErrLogCount.setCaption("0");
+  timSetFangJingYinButton.setEnabled(true);
+  timRecordMainFaceWindowState.setEnabled(true);
+  timDelaySetPLTabFace.setEnabled(true);
+}
+
+void frmMain::load(const Rect& workArea) {
+  initialising_ = true;
+  initializeFace();
+  const auto twips = twipsPerPixel();
+  setBounds({toTwips(workArea.left, twips.x), toTwips(workArea.top, twips.y),
+             std::min(kWidth, toTwips(workArea.width, twips.x)),
+             std::min(kHeight, toTwips(workArea.height, twips.y))});
+  layOut();
+  services_.toolkit.open(*this);
+  const Rect face = windowRect();
+  moveFace({workArea.left + (workArea.width - face.width) / 2,
+            workArea.top + (workArea.height - face.height) / 2});
+}
+
+void frmMain::listenToWindow() {
   onResize.listen([this] { layOut(); });
   onClose.listen([this] { controler_.exitSys(); });
   onEndSession.listen([this] { controler_.exitSys(); });
   onFilesDropped.listen([this](const ui::DroppedFiles& files) { dropFiles(files); });
+  onKey.listen([this](ui::KeyPress& press) { takeKey(press); });
+  onActivate.listen([this] { checkIsActiveLater(true); });
+  onDeactivate.listen([this] { checkIsActiveLater(false); });
+  timDelayCheckMeIsActive.onTimer.listen([this] {
+    timDelayCheckMeIsActive.setEnabled(false);
+    active_ = timDelayCheckMeIsActive.tag() != "0";
+  });
+  timRecordMainFaceWindowState.onTimer.listen([this] { recordedState_ = windowState(); });
+  timDelaySetFrm.onTimer.listen([this] {
+    timDelaySetFrm.setEnabled(false);
+    layOut();
+  });
+  timDelaySetPLTabFace.onTimer.listen([this] {
+    timDelaySetPLTabFace.setEnabled(false);
+    layOut();
+  });
+  cmdHideShowPL.onClick.listen([this] { hideOrShowPL(); });
+  picBottomBorder.onMouseDown.listen([this](const ui::MouseEvent&) {
+    draggingBorder_ = true;
+    picBottomBorder.bringToFront();
+  });
+  picBottomBorder.onMouseMove.listen(
+      [this](const ui::MouseEvent& event) { dragBottomBorder(event.y); });
+  picBottomBorder.onMouseUp.listen([this](const ui::MouseEvent&) { draggingBorder_ = false; });
 }
 
-frmMain::~frmMain() = default;
-
-void frmMain::load(const Rect& workArea) {
-  const auto twips = twipsPerPixel();
-  setBounds({toTwips(workArea.left + workArea.width / 2, twips.x) - kWidth / 2,
-             toTwips(workArea.top + workArea.height / 2, twips.y) - kHeight / 2, kWidth, kHeight});
-  toolkit_.open(*this);
-  layOut();
+void frmMain::checkIsActiveLater(bool active) {
+  timDelayCheckMeIsActive.setTag(active ? "1" : "0");
+  timDelayCheckMeIsActive.setEnabled(true);
 }
 
-void frmMain::fillRules() {
-  comboPlayRuler.addItem("仅使用RealPlayer播放引擎", playRule::kRealOnly);
-  comboPlayRuler.addItem("仅使用MediaPlayer播放引擎", playRule::kMediaOnly);
-  comboPlayRuler.addItem("优先使用RealPlayer播放引擎", playRule::kPreferReal);
-  comboPlayRuler.addItem("优先使用MediaPlayer播放引擎", playRule::kPreferMedia);
-  comboPlayRuler.setListIndex(0);
+void frmMain::takeKey(ui::KeyPress& press) {
+  if (press.code == kF1) {
+    services_.shell.open(nativeHandle(), services_.helpPage, "");
+    press.handled = true;
+  } else if (press.focus == &lvPlayList) {
+    press.handled = takeListKey(press);
+  }
 }
 
-void frmMain::layOut() {
-  const std::int32_t right = scaleWidth() - kMargin;
-  const std::int32_t width = right - kMargin;
-  std::int32_t y = kMargin;
-  labPlayState1.setBounds({kMargin, y + (kLine - kText) / 2, kStateWidth, kText});
-  txtFileName.setBounds({kMargin + kStateWidth, y, width - kStateWidth, kLine});
-  y += kLine + kGap;
-  sldJinDu.setBounds({kMargin, y, width, kLine});
-  y += kLine;
-  labMoviePosi.setBounds({kMargin, y, kTimeWidth, kText});
-  labSlidMax.setBounds({kMargin + (width - kTimeWidth) / 2, y, kTimeWidth, kText});
-  labMovieLen.setBounds({right - kTimeWidth, y, kTimeWidth, kText});
-  y += kText + kGap;
-  std::int32_t x = kMargin;
-  const auto place = [&x, y](ui::Control& control, std::int32_t w, std::int32_t h = kLine) {
-    control.setBounds({x, y + (kLine - h) / 2, w, h});
-    x += w + kGap;
-  };
-  place(cmdPlay, kButtonWidth);
-  place(cmdStop, kButtonWidth);
-  place(labVolume, kVolumeLabelWidth, kText);
-  place(sldVolume, kVolumeWidth);
-  place(comboPlayRuler, std::max(kButtonWidth, right - x - kGap - kButtonWidth));
-  place(cmdRecyclePlayPL, kButtonWidth);
-  y += kLine + kGap;
-  const std::int32_t footer = scaleHeight() - kMargin - kText;
-  lvPlayList.setBounds({kMargin, y, width, std::max(0, footer - kGap - y)});
-  labPlayErrNote.setBounds({kMargin, footer, width - kTimeWidth, kText});
-  labFileCount.setBounds({right - kTimeWidth, footer, kTimeWidth, kText});
+bool frmMain::takeListKey(const ui::KeyPress& press) {
+  if (press.code == kLetterA && press.control) {
+    tickAll();
+  } else if (press.code == kEnter) {
+    if (lvPlayList.selected() >= 0) playRow(lvPlayList.selected());
+  } else if (press.code == kDelete) {
+    deleteTicked();
+  } else if (press.code == kMenuKey) {
+    openEntryMenuByKey();
+  } else {
+    return false;
+  }
+  return true;
 }
 
 void frmMain::moveFace(Point upperLeft) {
-  const auto twips = twipsPerPixel();
-  setBounds({toTwips(upperLeft.x, twips.x), toTwips(upperLeft.y, twips.y), width(), height()});
+  const Rect face = windowRect();
+  setWindowPos({upperLeft.x, upperLeft.y, face.width, face.height});
 }
 
 void frmMain::restoreFace() {

@@ -1,24 +1,49 @@
 #pragma once
 
+#include <deque>
 #include <string>
+#include <vector>
 
 #include "app/Controler.h"
 #include "app/PanelFace.h"
+#include "app/SlicedWork.h"
+#include "platform/FileDialogs.h"
+#include "platform/Shell.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
+#include "ui/Timer.h"
 
 namespace tessivo {
 
-/// The control panel: the playlist and the transport. It holds no playlist of its own and never
-/// talks to the playback window: every command goes to the controller, whose calls it answers by
-/// showing what is.
+/// What the control panel needs of the system.
+struct PanelServices {
+  ui::Toolkit& toolkit;
+  TimerService& timers;
+  const Clock& clock;
+  const Pointer& pointer;
+  const DesktopWindows& windows;
+  FileDialogs& fileDialogs;
+  Shell& shell;
+  std::string helpPage;  ///< opened by F1
+};
+
+/// The control panel: the playlist, the log of playback errors and the transport. It holds no
+/// playlist of its own and never talks to the playback window: every command goes to the
+/// controller, whose calls it answers by showing what is.
+///
+/// The sources are split by subject: frmMain (construction, window, keyboard), frmMainLayout,
+/// frmMainTransport (play to loop mode), frmMainScreens (full screen), frmMainList (rows, marks,
+/// menu, moving), frmMainFiles (adding, deleting), frmMainErrors (error log, what follows an
+/// error).
 class frmMain : public ui::Form, public PanelFace {
  public:
-  frmMain(ui::Toolkit& toolkit, TwipsPerPixel twipsPerPixel, Controler& controler);
+  frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Controler& controler);
   ~frmMain() override;
 
   /// Creates the window, hidden, on the given work area (pixels).
   void load(const Rect& workArea);
+  /// Columns, rules and the first state of all controls. Once, before the window is created.
+  void initializeFace();
 
   // PanelFace
   void AddAMovieToFaceList(const Movie& movie) override;
@@ -32,8 +57,8 @@ class frmMain : public ui::Form, public PanelFace {
   std::int32_t lngGetMovieLen() const override { return sldJinDu.max(); }
   std::int32_t lngGetJinDu() const override { return sldJinDu.value(); }
   void setFaceBySysConfigPara(const SysConfig& config) override;
-  void showAdding(std::int32_t, std::int32_t) override {}
-  void finishWork() override {}
+  void showAdding(std::int32_t done, std::int32_t total) override;
+  void finishWork() override;
   Rect faceRect() const override { return windowRect(); }
   void moveFace(Point upperLeft) override;
   void restoreFace() override;
@@ -48,49 +73,164 @@ class frmMain : public ui::Form, public PanelFace {
   /// the length label; a length of 0 changes nothing, nor does anything while the user drags.
   void setJinDu(std::int32_t position, const std::string& positionText, std::int32_t length,
                 const std::string& lengthText);
+  /// Shows the muted or the sound-on picture.
+  void setMute(bool mute);
+  /// Whether the panel is the active window, 450 ms after that last changed.
+  bool isActive() const { return active_; }
+  /// The window's state as of at most a second ago.
+  ui::WindowState recordedWindowState() const { return recordedState_; }
+  ui::MenuItem& mnuSx(std::size_t index) { return mnuScreens.item(index); }
 
+  // The transport, in tab order.
   ui::Label labPlayState1;
   ui::TextBox txtFileName;
-  ui::Slider sldJinDu;
-  ui::Label labMoviePosi;
   ui::Label labSlidMax;
+  ui::Label labMoviePosi;
+  ui::Slider sldJinDu;
   ui::Label labMovieLen;
   ui::Button cmdPlay;
   ui::Button cmdStop;
-  ui::Label labVolume;
+  ui::PictureBox picJingFangYin;
   ui::Slider sldVolume;
+  ui::Button cmdSetScreen;
+  ui::Label labPlayRuler;
   ui::ComboBox comboPlayRuler;
   ui::Button cmdRecyclePlayPL;
-  ui::ListView lvPlayList;
-  ui::Label labFileCount;
+  ui::Button cmdHideShowPL;
+  ui::PictureBox picSeparator;
+
+  // The lists.
+  ui::TabStrip tsLists;
+  ui::Label labWork;
+  ui::PictureBox picPlayErrNote;
+  ui::PictureBox picPlayErrSign;
   ui::Label labPlayErrNote;
+  ui::PictureBox picPlayListBackGround;
+  ui::ListView lvPlayList;
+  ui::CheckBox chkToDeleteAll;
+  ui::Button cmdPLAdd;
+  ui::Button cmdPLDelete;
+  ui::Button cmdPLUp;
+  ui::Button cmdPLDown;
+  ui::Label labDeleteNote;
+  ui::Label labFiles;
+  ui::Label labFileCount;
+  ui::PictureBox picPlayErrLLBackGround;
+  ui::ListView lvPlayErrLogList;
+  ui::Button cmdClearPlayErrLL;
+  ui::Label labErrors;
+  ui::Label labPlayErrLogCount;
+  ui::PictureBox picBottomBorder;
+
+  ui::MenuItem mnuMovieOperations;
+  ui::MenuItem& mnuPlayMovie;
+  ui::MenuItem& mnuDeleteMovie;
+  ui::MenuItem& mnuMovieOperateLine1;
+  ui::MenuItem& mnuAddFilesToPL;
+  ui::MenuItem& mnuMovieOperateLine2;
+  ui::MenuItem& mnuClearPL;
+  ui::MenuItem& mnuPlayFiles;
+  ui::MenuItem mnuScreens;
+
+  ui::Timer timDelayHideDeleteNote;
+  ui::Timer timDelayQuickMoveItem;
+  ui::Timer timQuickMoveItem;
+  ui::Timer timDelaySetPLTabFace;
+  ui::Timer timDelaySetFrm;
+  ui::Timer timSetFangJingYinButton;
+  ui::Timer timRecordMainFaceWindowState;
+  ui::Timer timDelayCheckMeIsActive;
 
  private:
+  // frmMain
+  void nameControls();
+  void listenToWindow();
+  void checkIsActiveLater(bool active);
+  void takeKey(ui::KeyPress& press);
+  bool takeListKey(const ui::KeyPress& press);
+
+  // frmMainLayout
   void layOut();
+  void layOutTransport(std::int32_t right);
+  void layOutLists(std::int32_t right);
+  void layOutPages(std::int32_t width, std::int32_t height);
+  void hideOrShowPL();
+  void dragBottomBorder(std::int32_t y);
+
+  // frmMainTransport
+  void fillRules();
   void listenToTransport();
   void listenToSliders();
-  void listenToList();
-  void fillRules();
-
   void playOrPause();
+  void startPlaying();
   void stop();
   void releaseProgress();
+  void showDraggedProgress();
+  void changeVolume();
+  void toggleMute();
+  void checkHover();
   void changeRule();
   void stepRecycleMode();
   void showRecycleMode();
   bool playNext(int direction, bool wrap);
-  void playRowUnderPointer();
-  void dropFiles(const ui::DroppedFiles& files);
-  void showFileCount();
   std::string playItemName() const;
 
-  ui::Toolkit& toolkit_;
+  // frmMainScreens
+  void setScreen();
+  ui::MenuItem& addScreenEntry(const std::string& caption);
+  void showScreenState(bool fullScreen);
+
+  // frmMainList
+  void listenToList();
+  void listenToMoving();
+  void playRow(int row);
+  void playRowUnderPointer();
+  void openEntryMenu(const ui::MouseEvent& event);
+  void openEntryMenuByKey();
+  void markRow(const std::string& key);
+  void tickAll();
+  void setDeleteAll(bool ticked);
+  void toDeleteAllClicked();
+  void moveSelected(int direction);
+  void showFileCount();
+  void clickTab();
+  void showPage(int tab);
+
+  // frmMainFiles
+  void addFiles(bool play);
+  void dropFiles(const ui::DroppedFiles& files);
+  void notice(const std::string& text);
+  void deleteTicked();
+  bool deleteNext();
+  void endDeleting();
+  void deleteSelectedEntry();
+  void clearPL();
+  void showWork();
+
+  // frmMainErrors
+  void listenToErrorLog();
+  void logError(const std::string& reason, const std::string& path);
+  void goOnAfterError(bool wasLast);
+  void clearErrorLog();
+
+  PanelServices services_;
   Controler& controler_;
+
   bool draggingProgress_ = false;
   bool initialising_ = true;
   std::int32_t ruleApplied_ = -1;
+  bool active_ = false;
+  ui::WindowState recordedState_ = ui::WindowState::normal;
+  bool draggingBorder_ = false;
+  bool playListHidden_ = false;
+  std::int32_t shownHeight_ = 0;  ///< of the form with the playlist, twips
   std::string markedKey_;
-  std::int32_t listMouseY_ = 0;
+  std::int32_t listMouseY_ = -1;
+  std::uint64_t errorsLogged_ = 0;
+  std::deque<std::string> keysToDelete_;
+  std::size_t keysCollected_ = 0;  ///< since the deletion under way began
+  SlicedWork deleting_;
+  std::string addingText_;
 };
 
 }  // namespace tessivo

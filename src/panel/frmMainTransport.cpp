@@ -1,6 +1,7 @@
 // The control panel's transport: play, pause, stop, progress, volume, engine rule, loop mode.
 #include "base/Text.h"
 #include "base/TimeText.h"
+#include "panel/Icons.h"
 #include "panel/frmMain.h"
 #include "screen/PlayRule.h"
 
@@ -19,21 +20,33 @@ bool movesSlider(ui::KeyCode key) {
 struct RecycleMode {
   const char* caption;
   const char* toolTip;
+  int icon;
 };
 
 RecycleMode recycleMode(std::int32_t type) {
-  if (type == 1) return {"单曲循环", "正处于单曲循环播放模式"};
-  if (type == 2) return {"列表循环", "正处于列表循环播放模式"};
-  return {"顺序播放", "正处于顺序播放模式"};
+  if (type == 1) return {"单曲循环", "正处于单曲循环播放模式", icon::kRepeatOne};
+  if (type == 2) return {"列表循环", "正处于列表循环播放模式", icon::kRepeatList};
+  return {"顺序播放", "正处于顺序播放模式", icon::kInOrder};
 }
 
 }  // namespace
 
+void frmMain::fillRules() {
+  comboPlayRuler.addItem("仅使用RealPlayer播放引擎", playRule::kRealOnly);
+  comboPlayRuler.addItem("仅使用MediaPlayer播放引擎", playRule::kMediaOnly);
+  comboPlayRuler.addItem("优先使用RealPlayer播放引擎", playRule::kPreferReal);
+  comboPlayRuler.addItem("优先使用MediaPlayer播放引擎", playRule::kPreferMedia);
+  comboPlayRuler.setListIndex(0);
+}
+
 void frmMain::listenToTransport() {
   cmdPlay.onClick.listen([this] { playOrPause(); });
   cmdStop.onClick.listen([this] { stop(); });
+  cmdSetScreen.onClick.listen([this] { setScreen(); });
   comboPlayRuler.onClick.listen([this] { changeRule(); });
   cmdRecyclePlayPL.onClick.listen([this] { stepRecycleMode(); });
+  picJingFangYin.onClick.listen([this] { toggleMute(); });
+  timSetFangJingYinButton.onTimer.listen([this] { checkHover(); });
 }
 
 void frmMain::listenToSliders() {
@@ -41,17 +54,22 @@ void frmMain::listenToSliders() {
   sldJinDu.onKeyDown.listen([this](ui::KeyCode key) {
     if (movesSlider(key)) draggingProgress_ = true;
   });
-  sldJinDu.onScroll.listen(
-      [this] { labMoviePosi.setCaption(strGetTimStringBySecValue(sldJinDu.value())); });
+  sldJinDu.onScroll.listen([this] { showDraggedProgress(); });
   sldJinDu.onMouseUp.listen([this](const ui::MouseEvent&) { releaseProgress(); });
   sldJinDu.onKeyUp.listen([this](ui::KeyCode key) {
     if (movesSlider(key)) releaseProgress();
   });
-  const auto setVolume = [this] {
-    controler_.setVolume(static_cast<std::int16_t>(sldVolume.value()));
-  };
-  sldVolume.onScroll.listen(setVolume);
-  sldVolume.onChange.listen(setVolume);
+  // The release of the key or button will not be heard any more.
+  sldJinDu.onLoseFocus.listen([this] { releaseProgress(); });
+  // What moves the slider at one go (the wheel, Home, End) has no release.
+  sldJinDu.onChange.listen([this] {
+    if (!draggingProgress_) controler_.setJinDu(sldJinDu.value());
+  });
+  sldVolume.onScroll.listen([this] {
+    changeVolume();
+    setFaceToAPlayState(panelState::kSoundOn, false);
+  });
+  sldVolume.onChange.listen([this] { changeVolume(); });
 }
 
 void frmMain::playOrPause() {
@@ -59,8 +77,12 @@ void frmMain::playOrPause() {
     controler_.pause();
     setFaceToAPlayState(panelState::kPaused, false);
   } else {
-    setFaceToAPlayState(controler_.play() ? panelState::kPlaying : panelState::kPaused, false);
+    startPlaying();
   }
+}
+
+void frmMain::startPlaying() {
+  setFaceToAPlayState(controler_.play() ? panelState::kPlaying : panelState::kPaused, false);
 }
 
 void frmMain::stop() {
@@ -72,6 +94,40 @@ void frmMain::releaseProgress() {
   if (!draggingProgress_) return;
   controler_.setJinDu(sldJinDu.value());
   draggingProgress_ = false;
+}
+
+/// Shows where the thumb is without going there.
+void frmMain::showDraggedProgress() {
+  const std::int64_t value = sldJinDu.value();
+  const std::int64_t percent = sldJinDu.max() > 0 ? value * 100 / sldJinDu.max() : 0;
+  const std::string position = strGetTimStringBySecValue(sldJinDu.value());
+  labMoviePosi.setCaption(position);
+  sldJinDu.setToolTip(position + " / " + strGetTimStringBySecValue(sldJinDu.max()) + " (" +
+                      std::to_string(percent) + "%)");
+}
+
+void frmMain::changeVolume() {
+  controler_.setVolume(static_cast<std::int16_t>(sldVolume.value()));
+}
+
+void frmMain::toggleMute() {
+  controler_.setMute(!controler_.boolGetMuteValue());
+  setFaceToAPlayState(controler_.boolGetMuteValue() ? panelState::kMuted : panelState::kSoundOn,
+                      false);
+}
+
+void frmMain::setMute(bool mute) {
+  picJingFangYin.setIcon(mute ? icon::kMuted : icon::kSoundOn);
+}
+
+/// The picture has a border while the pointer is over it; its tag says which it has.
+void frmMain::checkHover() {
+  const WindowHandle picture = picJingFangYin.nativeHandle();
+  const bool over =
+      picture != 0 && services_.windows.under(services_.pointer.position()) == picture;
+  if (over == (picJingFangYin.tag() == "1")) return;
+  picJingFangYin.setTag(over ? "1" : "0");
+  picJingFangYin.setBorder(over);
 }
 
 void frmMain::changeRule() {
@@ -96,12 +152,14 @@ void frmMain::showRecycleMode() {
   const RecycleMode mode = recycleMode(controler_.config().lngRecyclePlayType());
   cmdRecyclePlayPL.setCaption(mode.caption);
   cmdRecyclePlayPL.setToolTip(mode.toolTip);
+  cmdRecyclePlayPL.setIcon(mode.icon);
 }
 
 void frmMain::setPlayButtonState(int state) {
   if (state != 1 && state != 2) return;
   cmdPlay.setCaption(state == 1 ? "暂停" : "播放");
   cmdPlay.setTag(std::to_string(state));
+  cmdPlay.setIcon(state == 1 ? icon::kPause : icon::kPlay);
 }
 
 std::string frmMain::playItemName() const {
@@ -116,7 +174,6 @@ void frmMain::setFaceToAPlayState(int state, bool refresh) {
       labPlayState1.setCaption("正在播放: ");
       setPlayButtonState(1);
       txtFileName.setCaption(name);
-      labPlayErrNote.setCaption("");
       break;
     case panelState::kPaused:
       labPlayState1.setCaption("暂停播放: ");
@@ -127,6 +184,14 @@ void frmMain::setFaceToAPlayState(int state, bool refresh) {
       setJinDu(0, "00:00:00", -1, "X");
       setPlayButtonState(2);
       txtFileName.setCaption(name);
+      break;
+    case panelState::kSoundOn:
+    case panelState::kMuted:
+      setMute(state == panelState::kMuted);
+      break;
+    case panelState::kFullScreen:
+    case panelState::kNormal:
+      showScreenState(state == panelState::kFullScreen);
       break;
     default:
       break;
@@ -145,7 +210,7 @@ void frmMain::setJinDu(std::int32_t position, const std::string& positionText, s
   labMoviePosi.setCaption(positionText);
   if (length != -1) {
     labSlidMax.setCaption(std::to_string(length) + "秒");
-    sldJinDu.setRange(0, length);
+    if (sldJinDu.max() != length) sldJinDu.setRange(0, length);
   }
   sldJinDu.setValue(position);
   if (toUpper(lengthText) != "X") labMovieLen.setCaption(lengthText);
@@ -194,18 +259,6 @@ void frmMain::playOverEventProcess() {
       if (!playNext(stepDirection::kNext, false)) controler_.showMainFace();
       break;
   }
-}
-
-void frmMain::playErrEventProcess(const std::string& reason) {
-  stop();
-  labPlayErrNote.setCaption(playItemName() + ": " + reason);
-  const SysConfig& config = controler_.config();
-  // Without wrap-around, so that a list of unplayable files comes to an end.
-  const std::string note = labPlayErrNote.caption();
-  if (config.boolPlayNextOnErr() && playNext(stepDirection::kNext, false)) {
-    labPlayErrNote.setCaption(note);
-  }
-  if (config.boolPopuMainFaceForErr()) controler_.showMainFace();
 }
 
 }  // namespace tessivo

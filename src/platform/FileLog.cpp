@@ -6,16 +6,15 @@
 
 #include "base/FilePath.h"
 #include "base/Text.h"
+#include "platform/DateTimeText.h"
 
 namespace tessivo {
 namespace {
 
 std::string stamp(const LocalTime& time) {
-  char text[80];
-  const int seconds = time.msOfDay / 1000;
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d.%03d", time.year, time.month,
-                time.day, seconds / 3600, seconds / 60 % 60, seconds % 60, time.msOfDay % 1000);
-  return text;
+  char milliseconds[16];
+  std::snprintf(milliseconds, sizeof milliseconds, ".%03d", time.msOfDay % 1000);
+  return dateTimeText(time) + milliseconds;
 }
 
 std::string oneLine(std::string_view text) {

@@ -9,7 +9,15 @@ Control::Control(Container* parent, std::string name) : name_(std::move(name)), 
 }
 
 Control::~Control() {
-  if (parent_) std::erase(parent_->children_, this);
+  if (!parent_) return;
+  if (hasFocus()) root().focus_ = nullptr;
+  std::erase(parent_->children_, this);
+}
+
+Container& Control::root() const {
+  Container* at = parent_;
+  while (at->parent_) at = at->parent_;
+  return *at;
 }
 
 void Control::setBounds(const Rect& twips) {
@@ -53,7 +61,16 @@ void Control::bringToFront() {
 }
 
 void Control::setFocus() {
+  if (parent_) root().focus_ = this;
   if (peer_) peer_->setFocus();
+}
+
+bool Control::hasFocus() const {
+  return parent_ && root().focus_ == this;
+}
+
+void Control::gainFocus() {
+  if (parent_) root().focus_ = this;
 }
 
 void Control::repaint() {

@@ -58,6 +58,9 @@ class Control {
   void setTag(std::string tag) { tag_ = std::move(tag); }
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string text);
+  /// What a screen reader calls a control that shows no text of its own. Before the form is opened.
+  const std::string& accessibleName() const { return accessibleName_; }
+  void setAccessibleName(std::string text) { accessibleName_ = std::move(text); }
   /// Nothing: the system's colour.
   std::optional<Colour> foreColour() const { return foreColour_; }
   std::optional<Colour> backColour() const { return backColour_; }
@@ -69,7 +72,9 @@ class Control {
   virtual bool focusable() const { return true; }
 
   void bringToFront();
+  /// Gives the control the keyboard: now when its form is active, else when it becomes so.
   void setFocus();
+  bool hasFocus() const;
   void repaint();
   /// 0 without a peer.
   WindowHandle nativeHandle() const { return peer_ ? peer_->nativeHandle() : 0; }
@@ -82,6 +87,8 @@ class Control {
   void mouseUp(const MouseEvent& event) { onMouseUp.raise(event); }
   void keyDown(KeyCode key) { onKeyDown.raise(key); }
   void keyUp(KeyCode key) { onKeyUp.raise(key); }
+  void gainFocus();
+  void loseFocus() { onLoseFocus.raise(); }
 
   Signal<> onClick;
   Signal<> onDoubleClick;
@@ -90,6 +97,8 @@ class Control {
   Signal<MouseEvent> onMouseUp;
   Signal<KeyCode> onKeyDown;
   Signal<KeyCode> onKeyUp;
+  /// The keyboard went elsewhere; the release of a key that is down will not come here.
+  Signal<> onLoseFocus;
 
   virtual void accept(ControlVisitor& visitor) = 0;
 
@@ -106,6 +115,8 @@ class Control {
   void noteBounds(const Rect& twips) { bounds_ = twips; }
 
  private:
+  Container& root() const;  ///< of a control that has a parent
+
   std::string name_;
   Container* parent_;
   Rect bounds_;
@@ -113,6 +124,7 @@ class Control {
   bool enabled_ = true;
   std::string tag_;
   std::string toolTip_;
+  std::string accessibleName_;
   std::optional<Colour> foreColour_;
   std::optional<Colour> backColour_;
   PointerShape pointerShape_ = PointerShape::standard;
@@ -129,6 +141,7 @@ class Container : public Control {
  private:
   friend class Control;
   std::vector<Control*> children_;
+  const Control* focus_ = nullptr;  ///< of a form: the control that has the keyboard, or gets it
 };
 
 }  // namespace tessivo::ui

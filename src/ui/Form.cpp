@@ -18,6 +18,13 @@ void detach(Container& container) {
   }
 }
 
+void rescale(Container& container) {
+  for (Control* child : container.children()) {
+    if (child->peer()) child->peer()->changed(Aspect::scale);
+    if (auto* inner = dynamic_cast<Container*>(child)) rescale(*inner);
+  }
+}
+
 }  // namespace
 
 Form::Form(std::string name, std::string caption, TwipsPerPixel twipsPerPixel)
@@ -27,11 +34,26 @@ Form::Form(std::string name, std::string caption, TwipsPerPixel twipsPerPixel)
   setVisible(false);
 }
 
-Form::~Form() = default;
+Form::~Form() {
+  setOwner(nullptr);
+  for (Form* form : owned_) form->owner_ = nullptr;
+}
+
+void Form::setOwner(Form* owner) {
+  if (owner_) std::erase(owner_->owned_, this);
+  owner_ = owner;
+  if (owner_) owner_->owned_.push_back(this);
+}
 
 void Form::setBounds(const Rect& twips) {
   // With a window behind it the form hears from the peer what became of the placement.
   peer() ? Control::setBounds(twips) : noteMoved(twips);
+}
+
+void Form::setInnerSize(std::int32_t width, std::int32_t height) {
+  const Rect inner = innerSize();
+  setBounds(
+      {left(), top(), this->width() - inner.width + width, this->height() - inner.height + height});
 }
 
 void Form::setCaption(std::string caption) {
@@ -93,15 +115,28 @@ void Form::activate() {
 }
 
 void Form::unload() {
+  const auto owned = owned_;
+  for (Form* form : owned) form->unload();
+  onUnload.raise();
   setVisible(false);
   detach(*this);
   detachPeer();
 }
 
-void Form::popupMenu(MenuItem& menu) {
+void Form::popupMenu(MenuItem& menu, std::optional<Point> at) {
   onPopup.raise(menu);
   if (!peer()) return;
-  if (MenuItem* chosen = formPeer()->popupMenu(menu)) chosen->choose();
+  if (MenuItem* chosen = formPeer()->popupMenu(menu, at)) chosen->choose();
+}
+
+bool Form::pressKey(KeyPress press) {
+  onKey.raise(press);
+  return press.handled;
+}
+
+void Form::noteTwipsPerPixel(TwipsPerPixel twips) {
+  twipsPerPixel_ = twips;
+  rescale(*this);
 }
 
 void Form::noteMoved(const Rect& twips) {

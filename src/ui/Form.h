@@ -36,8 +36,17 @@ class FormPeer : public Peer {
   virtual Rect innerSize() const = 0;
   /// Brings the window to the front and gives it the keyboard.
   virtual void activate() = 0;
-  /// Shows the menu at the pointer; returns the entry chosen, nothing when none was.
-  virtual MenuItem* popupMenu(MenuItem& menu) = 0;
+  /// Shows the menu at the place (twips of the form's inside; nothing: at the pointer); returns the
+  /// entry chosen, nothing when none was.
+  virtual MenuItem* popupMenu(MenuItem& menu, std::optional<Point> at) = 0;
+};
+
+/// A key on its way to a control of the form.
+struct KeyPress {
+  KeyCode code = 0;
+  bool control = false;            ///< the Ctrl key is down
+  const Control* focus = nullptr;  ///< where it goes; nothing: to the form itself
+  bool handled = false;            ///< set by a listener: it goes no further
 };
 
 /// Files that another program dropped on a form.
@@ -57,6 +66,10 @@ class Toolkit {
   /// Creates the form's window, hidden, with all its controls. The form is complete and has its
   /// designed bounds. Ends with one `onResize`: the inner size is now the real one.
   virtual void open(Form& form) = 0;
+  /// Opens and shows a dialog over the middle of its owner, on the owner's monitor, with the owner
+  /// switched off, and returns when the dialog has been unloaded. Everything else goes on
+  /// meanwhile.
+  virtual void showModal(Form& dialog) = 0;
 };
 
 /// A top-level window. Bounds in twips of the virtual screen, outer size. Life: constructed with
@@ -78,7 +91,7 @@ class Form : public Container {
   void setBoxes(bool controlBox, bool minButton, bool maxButton);
   /// The form that this one stays above (a dialog's); it must be open by then. Nothing: none.
   Form* owner() const { return owner_; }
-  void setOwner(Form* owner) { owner_ = owner; }
+  void setOwner(Form* owner);
   bool acceptsFiles() const { return acceptsFiles_; }
   void setAcceptsFiles(bool accepts) { acceptsFiles_ = accepts; }
   /// Smallest outer size in twips that the user can give the window; 0: the system's.
@@ -86,6 +99,13 @@ class Form : public Container {
     minimumSize_ = {0, 0, width, height};
   }
   const Rect& minimumSize() const { return minimumSize_; }
+  /// Greatest outer height in twips, also when maximised; 0: the system's.
+  void setMaximumHeight(std::int32_t height) { maximumHeight_ = height; }
+  std::int32_t maximumHeight() const { return maximumHeight_; }
+  /// Whether the form keeps its size in twips on a monitor with another resolution; a form that
+  /// does not keeps its size in pixels. Before the form is opened.
+  bool followsResolution() const { return followsResolution_; }
+  void setFollowsResolution(bool follows) { followsResolution_ = follows; }
 
   // Placement, at once or one edge at a time. All in twips. Raises `onResize` when the size
   // differs.
@@ -101,6 +121,8 @@ class Form : public Container {
   /// The inner size in twips.
   std::int32_t scaleWidth() const { return innerSize().width; }
   std::int32_t scaleHeight() const { return innerSize().height; }
+  /// Sizes the form so that its inside is that large, in twips.
+  void setInnerSize(std::int32_t width, std::int32_t height);
   /// The outer rectangle in pixels.
   Rect windowRect() const;
 
@@ -121,18 +143,25 @@ class Form : public Container {
   void show() { setVisible(true); }
   void hide() { setVisible(false); }
   void activate();
-  /// Hides the form and destroys its windows and those of its controls.
+  /// Hides the form and destroys its windows and those of its controls; the forms that it owns go
+  /// first.
   void unload();
   /// Pops the menu up at the pointer and carries out the entry that the user chose, after the menu
   /// is gone. Without a peer it only raises `onPopup`.
-  void popupMenu(MenuItem& menu);
+  void popupMenu(MenuItem& menu, std::optional<Point> at = std::nullopt);
 
   // What the user or the system does.
   /// The window was moved or sized; raises `onResize` when the size differs.
   void noteMoved(const Rect& twips);
   void noteWindowState(WindowState state);
   void close() { onClose.raise(); }
+  /// A key goes down anywhere in the form; the listeners see it before the control. Returns whether
+  /// one of them dealt with it.
+  bool pressKey(KeyPress press);
+  /// The form came to a monitor where a twip takes another number of pixels.
+  void noteTwipsPerPixel(TwipsPerPixel twips);
 
+  Signal<KeyPress&> onKey;
   Signal<> onResize;
   /// The user asks to close the window; the form decides what that means.
   Signal<> onClose;
@@ -140,6 +169,8 @@ class Form : public Container {
   Signal<> onDeactivate;
   Signal<MenuItem&> onPopup;
   Signal<const DroppedFiles&> onFilesDropped;
+  /// The form is about to go.
+  Signal<> onUnload;
   /// The session ends: save what must be saved, ask nothing.
   Signal<> onEndSession;
 
@@ -155,9 +186,12 @@ class Form : public Container {
   bool maxButton_ = true;
   bool minButton_ = true;
   bool acceptsFiles_ = false;
+  bool followsResolution_ = false;
   Rect minimumSize_;
+  std::int32_t maximumHeight_ = 0;
   WindowState windowState_ = WindowState::normal;
   Form* owner_ = nullptr;
+  std::vector<Form*> owned_;
   std::uint32_t frameStyle_ = frame::kAll;
   bool topmost_ = false;
 };

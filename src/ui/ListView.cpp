@@ -88,6 +88,20 @@ int ListView::rowAt(std::int32_t y) const {
   return y >= 0 && has(y / kModelRowHeight) ? y / kModelRowHeight : -1;
 }
 
+std::int32_t ListView::topOf(int row) const {
+  return listPeer() ? listPeer()->topOf(row) : row * kModelRowHeight;
+}
+
+std::int32_t ListView::columnWidth(int column) const {
+  if (listPeer()) return listPeer()->columnWidth(column);
+  return columns_.at(static_cast<std::size_t>(column)).width;
+}
+
+void ListView::setColumnWidth(int column, std::int32_t width) {
+  columns_.at(static_cast<std::size_t>(column)).width = width;
+  if (listPeer()) listPeer()->columnWidthChanged(column);
+}
+
 void ListView::clickRow(int index) {
   if (!enabled() || !has(index)) return;
   select(index);

@@ -25,11 +25,16 @@ class ListViewPeer : public Peer {
   virtual void ensureVisible(int row) = 0;
   /// The row at that height, in twips from the list's top; -1 when there is none.
   virtual int rowAt(std::int32_t y) const = 0;
+  /// The row's upper edge, in twips from the list's top; it need not be in sight.
+  virtual std::int32_t topOf(int row) const = 0;
+  /// The real width of a column in twips, and its setting.
+  virtual std::int32_t columnWidth(int column) const = 0;
+  virtual void columnWidthChanged(int column) = 0;
 };
 
 /// A report-mode list with optional check boxes and single selection. The rows live here and only
 /// here; the peer asks for what it draws. Appending, finding by key and changing a row do not grow
-/// with the list; removing and moving cost about the square root of its length.
+/// with the list; removing and moving take O(log n).
 class ListView : public Control {
  public:
   using Control::Control;
@@ -43,14 +48,24 @@ class ListView : public Control {
     columns_.push_back({std::move(header), width});
   }
   const std::vector<Column>& columns() const { return columns_; }
+  /// The width that the column has now: the user may have changed it.
+  std::int32_t columnWidth(int column) const;
+  /// Silent.
+  void setColumnWidth(int column, std::int32_t width);
   bool hasCheckBoxes() const { return hasCheckBoxes_; }
   void setHasCheckBoxes(bool has) { hasCheckBoxes_ = has; }
-  /// Whether each cell has its own text as its tool tip. Before the form is opened.
-  bool hasCellTips() const { return hasCellTips_; }
-  void setHasCellTips(bool has) { hasCellTips_ = has; }
+  /// From this column on each cell has its own text as its tool tip; 0: none has. Before the form
+  /// is opened.
+  int firstColumnWithTips() const { return firstColumnWithTips_; }
+  void setFirstColumnWithTips(int column) { firstColumnWithTips_ = column; }
 
   int rowCount() const;
   const ListRow& row(int index) const;
+  /// Calls `visit` with every row in order. `visit` must not change the list.
+  template <typename Visit>
+  void forEachRow(Visit visit) const {
+    rows_.forEach([&visit](const auto& row) { visit(*row); });
+  }
   /// Row number of a key (its first row's, ASCII letters in any case); -1 when no row has it.
   int indexOf(const std::string& key) const;
 
@@ -71,6 +86,8 @@ class ListView : public Control {
   /// row takes kModelRowHeight, the first one from the top.
   int rowAt(std::int32_t y) const;
   static constexpr std::int32_t kModelRowHeight = 255;
+  /// The row's upper edge in twips from the list's top; it need not be in sight.
+  std::int32_t topOf(int row) const;
 
   // What the user does.
   /// Selects the row and raises `onItemClick`, also for the row that is selected already.
@@ -94,7 +111,7 @@ class ListView : public Control {
 
   std::vector<Column> columns_;
   bool hasCheckBoxes_ = false;
-  bool hasCellTips_ = false;
+  int firstColumnWithTips_ = 0;
   KeyedSequence<std::unique_ptr<ListRow>, KeyOfRow> rows_;
   int selected_ = -1;
 };

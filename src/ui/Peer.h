@@ -17,6 +17,7 @@ enum class Aspect {
   range,
   items,    ///< entries, columns or pictures as a whole
   pointer,  ///< shape of the mouse pointer
+  scale,    ///< how many pixels a twip takes, and with it the size of fonts and pictures
 };
 
 /// The real control behind a model. The program changes the model, the model tells its peer; what

@@ -22,9 +22,13 @@ class PictureBox : public Container {
     icon_ = resource;
     changed(Aspect::items);
   }
+  /// Before the form is opened: whether Tab leads here; the space bar and Enter click then.
+  void setTakesKeyboard(bool takes) { takesKeyboard_ = takes; }
+  bool focusable() const override { return takesKeyboard_; }
   void accept(ControlVisitor& visitor) override;
 
  private:
+  bool takesKeyboard_ = false;
   bool border_ = false;
   int icon_ = 0;
 };

@@ -10,6 +10,9 @@ class TextBox : public Captioned {
   TextBox(Container* parent, std::string name, bool readOnly)
       : Captioned(parent, std::move(name), ""), readOnly_(readOnly) {}
   bool readOnly() const { return readOnly_; }
+  /// Before the form is opened; without a border it looks like a label whose text can be copied.
+  bool border() const { return border_; }
+  void setBorder(bool border) { border_ = border; }
   void type(std::string text) {
     if (readOnly_ || !enabled()) return;
     setCaption(std::move(text));
@@ -20,6 +23,7 @@ class TextBox : public Captioned {
 
  private:
   bool readOnly_;
+  bool border_ = true;
 };
 
 }  // namespace tessivo::ui

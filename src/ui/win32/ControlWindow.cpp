@@ -5,6 +5,7 @@
 #include "platform/win32/Guarded.h"
 #include "platform/win32/WindowsText.h"
 #include "ui/Form.h"
+#include "ui/win32/AccessibleName.h"
 #include "ui/win32/Win32Form.h"
 
 namespace tessivo::ui {
@@ -41,6 +42,7 @@ void ControlWindow::create(const wchar_t* windowClass, const std::string& text, 
   }
   link_ = new Link{this, context_};
   SetPropW(window_, kLinkProperty, link_);
+  nameWindow(window_, model_.name(), model_.accessibleName());
   SetWindowSubclass(window_, subclassProc, 0, reinterpret_cast<DWORD_PTR>(link_));
   send(WM_SETFONT, reinterpret_cast<WPARAM>(context_->fonts().plain()), FALSE);
   context_->setToolTip(window_, model_.toolTip());
@@ -61,6 +63,9 @@ void ControlWindow::apply(Aspect aspect) {
       if (window_)
         RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return;
+    case Aspect::scale:
+      send(WM_SETFONT, reinterpret_cast<WPARAM>(context_->fonts().plain()), TRUE);
+      return place();
     default:
       return;
   }

@@ -24,6 +24,14 @@ void FormContext::destroy(HWND window) {
   doomed_.push_back(window);
 }
 
+void FormContext::setTwips(TwipsPerPixel twips) {
+  twips_ = twips;
+  fonts_ = std::make_shared<UiFonts>(twips);
+  if (toolTips_) {
+    SendMessageW(toolTips_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->plain()), FALSE);
+  }
+}
+
 HBRUSH FormContext::brush(COLORREF colour) {
   auto& brush = brushes_[colour];
   if (!brush) brush.reset(CreateSolidBrush(colour));

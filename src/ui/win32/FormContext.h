@@ -27,7 +27,9 @@ class FormContext {
 
   Log& log() const { return log_; }
   const UiFonts& fonts() const { return *fonts_; }
-  TwipsPerPixel twips() const { return twips_; }
+  const TwipsPerPixel& twips() const { return twips_; }
+  /// The form is on a monitor of another resolution now: other twips, and fonts to match.
+  void setTwips(TwipsPerPixel twips);
 
   /// Marks the time in which a message of one of the form's windows is handled.
   class Dispatch {

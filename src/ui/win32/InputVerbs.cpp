@@ -77,6 +77,10 @@ void InputVerbs::after(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
       return;
     case WM_KEYUP:
       return model_.keyUp(static_cast<KeyCode>(wParam));
+    case WM_SETFOCUS:
+      return model_.gainFocus();
+    case WM_KILLFOCUS:
+      return model_.loseFocus();
     default:
       return;
   }

@@ -20,7 +20,8 @@ class InputVerbs {
     bool ownRightButton = false;  ///< the peer reports the right button's release itself
   };
 
-  InputVerbs(Control& model, TwipsPerPixel twips, Extras extras)
+  /// `twips` may change while this object lives.
+  InputVerbs(Control& model, const TwipsPerPixel& twips, Extras extras)
       : model_(model), twips_(twips), extras_(extras) {}
   ~InputVerbs() { *alive_ = false; }
   InputVerbs(const InputVerbs&) = delete;
@@ -44,7 +45,7 @@ class InputVerbs {
   }
 
   Control& model_;
-  TwipsPerPixel twips_;
+  const TwipsPerPixel& twips_;
   Extras extras_;
   unsigned pressed_ = 0;       ///< the buttons that went down here
   bool clickPending_ = false;  ///< the left button went down here, and not for a double click

@@ -6,6 +6,7 @@
 
 #include "platform/win32/Guarded.h"
 #include "platform/win32/WindowsText.h"
+#include "ui/Mnemonics.h"
 #include "ui/TabOrder.h"
 #include "ui/win32/ControlWindow.h"
 #include "ui/win32/Win32DroppedFiles.h"
@@ -98,8 +99,35 @@ void Win32Form::create() {
   frameStyleChanged();
   SetWindowPos(window_, nullptr, at.left, at.top, at.width, at.height,
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
-  SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+  SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+               0);
+  if (form_.followsResolution()) takeResolution();
   DragAcceptFiles(window_, form_.acceptsFiles());
+}
+
+/// The monitor on which the window came up need not have the resolution that the program began
+/// with.
+void Win32Form::takeResolution() {
+  const TwipsPerPixel real = twipsPerPixelAt(GetDpiForWindow(window_));
+  if (real.x == context_->twips().x) return;
+  const Rect at = windowRect();
+  context_->setTwips(real);
+  form_.noteTwipsPerPixel(real);
+  const Rect size = toPixels(form_.bounds(), real);
+  SetWindowPos(window_, nullptr, at.left, at.top, size.width, size.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Form::changeResolution(UINT dpi, const RECT& suggested) {
+  if (!form_.followsResolution() || dpi == 0) return;
+  const auto alive = input_.alive();
+  context_->setTwips(twipsPerPixelAt(dpi));
+  form_.noteTwipsPerPixel(context_->twips());
+  const Rect at = toRect(suggested);
+  SetWindowPos(window_, nullptr, at.left, at.top, at.width, at.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  // The inside may have as many pixels as before and yet other twips.
+  if (*alive) form_.onResize.raise();
 }
 
 Win32Form* Win32Form::of(HWND window) {
@@ -199,8 +227,35 @@ void Win32Form::activate() {
   bringToFront();  // the foreground need not be in front where a window manager has its own mind
 }
 
-MenuItem* Win32Form::popupMenu(MenuItem& menu) {
-  return runPopupMenu(window_, form_.clickActivates(), menu);
+MenuItem* Win32Form::popupMenu(MenuItem& menu, std::optional<Point> at) {
+  std::optional<POINT> screen;
+  if (at) {
+    screen = POINT{tessivo::toPixels(at->x, context_->twips().x),
+                   tessivo::toPixels(at->y, context_->twips().y)};
+    ClientToScreen(window_, &*screen);
+  }
+  return runPopupMenu(window_, form_.clickActivates(), menu, screen);
+}
+
+bool Win32Form::pressKey(const Control* focus, KeyCode key) {
+  const auto context = context_;
+  const FormContext::Dispatch dispatch(context);
+  const bool control = (GetKeyState(VK_CONTROL) & 0x8000) != 0;
+  bool handled = false;
+  guarded(context->log(), [&] { handled = form_.pressKey({key, control, focus, false}); });
+  return handled;
+}
+
+bool Win32Form::pressMnemonic(char32_t letter) {
+  Control* const control = controlOfMnemonic(form_, letter);
+  if (!control) return false;
+  const auto context = context_;
+  const FormContext::Dispatch dispatch(context);
+  guarded(context->log(), [&] {
+    control->setFocus();
+    control->click();
+  });
+  return true;
 }
 
 LRESULT CALLBACK Win32Form::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -262,6 +317,9 @@ std::optional<LRESULT> Win32Form::handleOwn(UINT message, WPARAM wParam, LPARAM 
       return TRUE;
     case WM_ENDSESSION:
       if (wParam) form_.onEndSession.raise();
+      return 0;
+    case WM_DPICHANGED:
+      changeResolution(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_GETMINMAXINFO:
       limitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
@@ -332,6 +390,11 @@ void Win32Form::limitSize(MINMAXINFO& limits) const {
   const Rect smallest = toPixels(form_.minimumSize(), context_->twips());
   limits.ptMinTrackSize.x = std::max<LONG>(limits.ptMinTrackSize.x, smallest.width);
   limits.ptMinTrackSize.y = std::max<LONG>(limits.ptMinTrackSize.y, smallest.height);
+  if (form_.maximumHeight() > 0) {
+    const LONG highest = tessivo::toPixels(form_.maximumHeight(), context_->twips().y);
+    limits.ptMaxTrackSize.y = std::min(limits.ptMaxTrackSize.y, highest);
+    limits.ptMaxSize.y = std::min(limits.ptMaxSize.y, highest);
+  }
   // Full screen: the program says how large the window is, the system must not cut it.
   if (!(form_.frameStyle() & frame::kSizingFrame)) limits.ptMaxTrackSize = {kNoLimit, kNoLimit};
 }

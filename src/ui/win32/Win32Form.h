@@ -27,6 +27,10 @@ class Win32Form : public FormPeer {
   /// Gives the keyboard to the control after `current` in tab order; the form itself takes it when
   /// no control can.
   void moveFocus(const Control* current, bool backwards);
+  /// A key, or a letter with Alt, before it goes to the control that has the keyboard; whether the
+  /// form has dealt with it. Both may end the life of this object.
+  bool pressKey(const Control* focus, KeyCode key);
+  bool pressMnemonic(char32_t letter);
   HWND window() const { return window_; }
 
   void changed(Aspect aspect) override;
@@ -41,7 +45,7 @@ class Win32Form : public FormPeer {
   Rect windowRect() const override;
   Rect innerSize() const override;
   void activate() override;
-  MenuItem* popupMenu(MenuItem& menu) override;
+  MenuItem* popupMenu(MenuItem& menu, std::optional<Point> at) override;
 
  private:
   static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -50,6 +54,8 @@ class Win32Form : public FormPeer {
 
   static void registerClass();
   void create();
+  void takeResolution();
+  void changeResolution(UINT dpi, const RECT& suggested);
   void showOrHide();
   void notePlacement();
   void noteActivation(bool active);

@@ -34,6 +34,7 @@ Win32ListView::Win32ListView(ListView& model, std::shared_ptr<FormContext> conte
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, extras, static_cast<LPARAM>(extras));
   send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
   addColumns();
+  twipsOfColumns_ = this->context().twips().x;
   rowCountChanged(model.rowCount());
   selectionChanged(model.selected());
 }
@@ -54,6 +55,35 @@ void Win32ListView::addColumns() {
 void Win32ListView::apply(Aspect aspect) {
   ControlWindow::apply(aspect);
   if (aspect == Aspect::items && window()) InvalidateRect(window(), nullptr, FALSE);
+  if (aspect == Aspect::scale) rescaleColumns();
+}
+
+/// What the user made of the widths is kept, in proportion.
+void Win32ListView::rescaleColumns() {
+  const double now = context().twips().x;
+  for (int column = 0; column < static_cast<int>(model_.columns().size()); ++column) {
+    const auto width = static_cast<double>(columnPixels(column)) * twipsOfColumns_ / now;
+    send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), roundedToInt32(width).value_or(0));
+  }
+  twipsOfColumns_ = now;
+}
+
+int Win32ListView::columnPixels(int column) const {
+  return static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+}
+
+std::int32_t Win32ListView::columnWidth(int column) const {
+  const std::int32_t designed = model_.columns().at(static_cast<std::size_t>(column)).width;
+  const std::int32_t pixels = columnPixels(column);
+  // A width that is as set is told as set, without what the pixels' size rounds away.
+  const bool untouched = pixels == tessivo::toPixels(designed, context().twips().x);
+  return untouched ? designed : tessivo::toTwips(pixels, context().twips().x);
+}
+
+void Win32ListView::columnWidthChanged(int column) {
+  const std::int32_t width = model_.columns().at(static_cast<std::size_t>(column)).width;
+  send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column),
+       tessivo::toPixels(width, context().twips().x));
 }
 
 void Win32ListView::rowCountChanged(int count) {
@@ -116,21 +146,27 @@ void Win32ListView::showSelection(int row) {
 int Win32ListView::rowAt(std::int32_t y) const {
   const auto top = static_cast<int>(send(LVM_GETTOPINDEX));
   RECT first{};
-  first.left = LVIR_BOUNDS;
-  if (!hasRow(top) ||
-      !send(LVM_GETITEMRECT, static_cast<WPARAM>(top), reinterpret_cast<LPARAM>(&first))) {
-    return -1;
-  }
+  if (!hasRow(top) || !rowEdges(top, first)) return -1;
   const LONG below = tessivo::toPixels(y, context().twips().y) - first.top;
   const LONG height = first.bottom - first.top;
   const int row = below < 0 || height <= 0 ? -1 : top + static_cast<int>(below / height);
   return hasRow(row) ? row : -1;
 }
 
+bool Win32ListView::rowEdges(int row, RECT& edges) const {
+  edges.left = LVIR_BOUNDS;
+  return send(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&edges)) != 0;
+}
+
+std::int32_t Win32ListView::topOf(int row) const {
+  RECT edges{};
+  return rowEdges(row, edges) ? tessivo::toTwips(edges.top, context().twips().y) : -1;
+}
+
 LRESULT Win32ListView::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   // The header tells the list, not the form.
   if (message == WM_NOTIFY && keepsWidth(*reinterpret_cast<const NMHDR*>(lParam))) return TRUE;
-  if (message == WM_MOUSEMOVE && model_.hasCellTips()) {
+  if (message == WM_MOUSEMOVE && model_.firstColumnWithTips() > 0) {
     showCellTip({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
   }
   if (!isButtonMessage(message)) return ControlWindow::handle(window, message, wParam, lParam);
@@ -251,8 +287,8 @@ void Win32ListView::showCellTip(POINT point) {
   const std::pair<int, int> cell{hit.iItem, hit.iSubItem};
   if (cell == tipCell_) return;
   tipCell_ = cell;
-  context().setToolTip(
-      window(), hasRow(cell.first) ? cellOf(model_.row(cell.first), cell.second) : std::string());
+  const bool has = hasRow(cell.first) && cell.second >= model_.firstColumnWithTips();
+  context().setToolTip(window(), has ? cellOf(model_.row(cell.first), cell.second) : std::string());
 }
 
 }  // namespace tessivo::ui

@@ -19,6 +19,9 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   void selectionChanged(int row) override;
   void ensureVisible(int row) override;
   int rowAt(std::int32_t y) const override;
+  std::int32_t topOf(int row) const override;
+  std::int32_t columnWidth(int column) const override;
+  void columnWidthChanged(int column) override;
 
  protected:
   void carryOver() override;
@@ -27,6 +30,9 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
 
  private:
   void addColumns();
+  void rescaleColumns();
+  int columnPixels(int column) const;
+  bool rowEdges(int row, RECT& edges) const;
   bool hasRow(int row) const { return row >= 0 && row < model_.rowCount(); }
   bool keepsWidth(const NMHDR& header) const;
   void noteDirty(int first, int last);
@@ -49,6 +55,7 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   bool quiet_ = false;     ///< the program, not the user, changes the selection
   bool inMouse_ = false;   ///< the list handles a mouse button's message
   std::pair<int, int> tipCell_{-1, -1};
+  double twipsOfColumns_ = 15;  ///< twips per pixel when the columns got their width
 };
 
 }  // namespace tessivo::ui

@@ -19,12 +19,6 @@ void registerClass() {
   RegisterClassExW(&windowClass);  // fails harmlessly after the first time
 }
 
-/// The largest square in the middle of the area.
-Rect middleSquare(const RECT& area) {
-  const LONG side = std::min(area.right, area.bottom);
-  return {(area.right - side) / 2, (area.bottom - side) / 2, side, side};
-}
-
 }  // namespace
 
 Win32PictureBox::Win32PictureBox(PictureBox& model, std::shared_ptr<FormContext> context)
@@ -42,7 +36,7 @@ void Win32PictureBox::apply(Aspect aspect) {
     setFrame();
     loadPicture();
     redraw();
-  } else if (aspect == Aspect::bounds) {
+  } else if (aspect == Aspect::bounds || aspect == Aspect::scale) {
     loadPicture();
   }
 }
@@ -57,32 +51,44 @@ void Win32PictureBox::setFrame() {
 }
 
 void Win32PictureBox::loadPicture() {
-  picture_.reset();
-  if (model_.icon() == 0) return;
-  RECT area{};
-  GetClientRect(window(), &area);
-  const int side = middleSquare(area).width;
-  picture_.reset(
-      static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(model_.icon()),
-                                    IMAGE_ICON, side, side, LR_DEFAULTCOLOR)));
+  // Measured without the border, so that the picture stays as large when the border comes.
+  const Rect area = toPixels(model_.bounds(), context().twips());
+  const std::int32_t border = 2 * GetSystemMetrics(SM_CXBORDER);
+  side_ = std::max(0, std::min(area.width, area.height) - border);
+  picture_ = loadIcon(model_.icon(), side_);
 }
 
 LRESULT Win32PictureBox::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   const auto alive = input().alive();
   if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
   if (!*alive) return 0;
-  if (message != WM_ERASEBKGND) return ControlWindow::handle(window, message, wParam, lParam);
-  erase(window, reinterpret_cast<HDC>(wParam));
-  return TRUE;
+  if (message == WM_ERASEBKGND) {
+    erase(window, reinterpret_cast<HDC>(wParam));
+    return TRUE;
+  }
+  if (!model_.focusable()) return ControlWindow::handle(window, message, wParam, lParam);
+  return handleKeyboard(window, message, wParam, lParam);
+}
+
+LRESULT Win32PictureBox::handleKeyboard(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const auto alive = input().alive();
+  if (message == WM_LBUTTONDOWN) SetFocus(window);
+  const LRESULT result = ControlWindow::handle(window, message, wParam, lParam);
+  if (!*alive) return result;
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) InvalidateRect(window, nullptr, TRUE);
+  if (message == WM_KEYDOWN && (wParam == VK_SPACE || wParam == VK_RETURN)) model_.click();
+  return result;
 }
 
 void Win32PictureBox::erase(HWND window, HDC dc) const {
   RECT area{};
   GetClientRect(window, &area);
   FillRect(dc, &area, context().brush(backColourOf(model_)));
-  if (!picture_) return;
-  const Rect at = middleSquare(area);
-  DrawIconEx(dc, at.left, at.top, picture_.get(), at.width, at.height, 0, nullptr, DI_NORMAL);
+  if (picture_) {
+    DrawIconEx(dc, (area.right - side_) / 2, (area.bottom - side_) / 2, picture_.get(), side_,
+               side_, 0, nullptr, DI_NORMAL);
+  }
+  if (GetFocus() == window) DrawFocusRect(dc, &area);
 }
 
 }  // namespace tessivo::ui

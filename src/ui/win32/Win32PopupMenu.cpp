@@ -69,11 +69,11 @@ class HiddenOwner {
 
 }  // namespace
 
-MenuItem* runPopupMenu(HWND form, bool activates, MenuItem& menu) {
+MenuItem* runPopupMenu(HWND form, bool activates, MenuItem& menu, std::optional<POINT> screen) {
   std::vector<MenuItem*> entries;
   const UniqueMenu real = build(menu, entries);
-  POINT at{};
-  GetCursorPos(&at);
+  POINT at = screen.value_or(POINT{});
+  if (!screen) GetCursorPos(&at);
   // Without the foreground the menu would not close when the user clicks elsewhere.
   std::optional<HiddenOwner> hidden;
   if (!activates) hidden.emplace();

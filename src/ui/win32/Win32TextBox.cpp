@@ -11,7 +11,7 @@ Win32TextBox::Win32TextBox(TextBox& model, std::shared_ptr<FormContext> context)
                   {.clicks = true, .captures = false, .ownRightButton = false}),
       model_(model) {
   create(WC_EDITW, model.caption(), ES_AUTOHSCROLL | (model.readOnly() ? ES_READONLY : 0),
-         WS_EX_CLIENTEDGE);
+         model.border() ? WS_EX_CLIENTEDGE : 0);
 }
 
 std::wstring Win32TextBox::shownText() const {

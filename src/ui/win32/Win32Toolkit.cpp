@@ -3,6 +3,7 @@
 // after windows.h
 #include <commctrl.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "ui/Controls.h"
@@ -59,6 +60,47 @@ class PeerMaker : public ControlVisitor {
   std::shared_ptr<FormContext> context_;
 };
 
+HWND windowOf(const Form& form) {
+  return reinterpret_cast<HWND>(form.nativeHandle());
+}
+
+/// Puts the dialog in the middle of its owner, or of the owner's monitor when the owner is not to
+/// be seen, and wholly inside that monitor.
+void centreOver(HWND owner, HWND dialog) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  const RECT& work = monitor.rcWork;
+  RECT over = work;
+  if (IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &over);
+  RECT own{};
+  GetWindowRect(dialog, &own);
+  const auto place = [](LONG from, LONG to, LONG size, LONG least, LONG most) {
+    return std::max(least, std::min(from + (to - from - size) / 2, most - size));
+  };
+  SetWindowPos(dialog, nullptr,
+               place(over.left, over.right, own.right - own.left, work.left, work.right),
+               place(over.top, over.bottom, own.bottom - own.top, work.top, work.bottom), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// The message loop while a dialog is up. The end of the program ends it, too, and goes on to the
+/// loop around this one.
+void runUntilGone(Form& dialog) {
+  MSG message{};
+  while (dialog.isOpen() && IsWindow(windowOf(dialog))) {
+    const int result = GetMessageW(&message, nullptr, 0, 0);
+    if (result <= 0) {
+      dialog.unload();
+      if (result == 0) PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    if (Win32Toolkit::translate(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
 }  // namespace
 
 Win32Toolkit::Win32Toolkit(TwipsPerPixel twips, Log& log)
@@ -78,15 +120,37 @@ void Win32Toolkit::open(Form& form) {
   window->opened();
 }
 
+void Win32Toolkit::showModal(Form& dialog) {
+  Form* const owner = dialog.owner();
+  const bool switchesOff = owner && owner->enabled();
+  open(dialog);
+  if (!dialog.isOpen()) return;
+  if (owner) centreOver(windowOf(*owner), windowOf(dialog));
+  // Before the dialog goes: else the system would activate a window of another program.
+  const Connection switchOn = dialog.onUnload.connect([&] {
+    if (switchesOff) owner->setEnabled(true);
+  });
+  if (switchesOff) owner->setEnabled(false);
+  dialog.show();
+  dialog.activate();
+  runUntilGone(dialog);
+}
+
 bool Win32Toolkit::translate(const MSG& message) {
-  if (message.message != WM_KEYDOWN) return false;
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSCHAR) return false;
   auto* form = Win32Form::of(message.hwnd);
   if (!form) return false;
+  if (message.message == WM_SYSCHAR) {
+    return form->pressMnemonic(static_cast<char32_t>(message.wParam));
+  }
+  const Control* const focus = ControlWindow::modelOf(message.hwnd);
+  if (form->pressKey(focus, static_cast<KeyCode>(message.wParam))) return true;
+  if (Win32Form::of(message.hwnd) != form) return true;  // gone meanwhile
   if (message.wParam == VK_TAB && !(GetKeyState(VK_CONTROL) & 0x8000)) {
     form->moveFocus(ControlWindow::modelOf(GetFocus()), GetKeyState(VK_SHIFT) & 0x8000);
     return true;
   }
-  if (message.wParam == VK_RETURN && dynamic_cast<Button*>(ControlWindow::modelOf(message.hwnd))) {
+  if (message.wParam == VK_RETURN && dynamic_cast<const Button*>(focus)) {
     SendMessageW(message.hwnd, BM_CLICK, 0, 0);
     return true;
   }

@@ -20,9 +20,11 @@ class Win32Toolkit : public Toolkit {
 
   /// A form that is open already stays as it is.
   void open(Form& form) override;
+  void showModal(Form& dialog) override;
 
-  /// The keyboard inside a form: Tab goes through its controls, Enter presses the button that has
-  /// the keyboard. For the message loop, before it dispatches; true when the message is dealt with.
+  /// The keyboard inside a form: the form's own keys, Tab through its controls, a letter with Alt,
+  /// Enter on the button that has the keyboard. For the message loop, before it dispatches; true
+  /// when the message is dealt with.
   static bool translate(const MSG& message);
 
  private:
