@@ -157,6 +157,7 @@ void frmMain::initializeFace() {
   setMute(false);
   picJingFangYin.setToolTip("放/静音");
   showScreenState(false);
+  showListState();
   showRecycleMode();
   picPlayErrNote.setVisible(false);
   labDeleteNote.setVisible(false);

@@ -155,6 +155,7 @@ class frmMain : public ui::Form, public PanelFace {
   void layOutLists(std::int32_t right);
   void layOutPages(std::int32_t width, std::int32_t height);
   void hideOrShowPL();
+  void showListState();
   void dragBottomBorder(std::int32_t y);
 
   // frmMainTransport

@@ -15,7 +15,8 @@ constexpr std::int32_t kMargin = 150;
 constexpr std::int32_t kGap = 90;
 constexpr std::int32_t kWideGap = 240;
 constexpr std::int32_t kLine = 405;
-constexpr std::int32_t kBox = 345;  ///< text boxes and combo boxes
+constexpr std::int32_t kBox = 345;    ///< combo boxes
+constexpr std::int32_t kField = 315;  ///< text boxes
 constexpr std::int32_t kText = 240;
 constexpr std::int32_t kStateWidth = 930;
 constexpr std::int32_t kSecondsWidth = 900;
@@ -54,7 +55,8 @@ void frmMain::layOutTransport(std::int32_t right) {
   std::int32_t y = kMargin;
   labPlayState1.setBounds({kMargin, middle(y, kBox, kText), kStateWidth, kText});
   labSlidMax.setBounds({right - kSecondsWidth, middle(y, kBox, kText), kSecondsWidth, kText});
-  txtFileName.setBounds({kMargin + kStateWidth, y, width - kStateWidth - kSecondsWidth, kBox});
+  txtFileName.setBounds({kMargin + kStateWidth, middle(y, kBox, kField),
+                         width - kStateWidth - kSecondsWidth, kField});
   y += kBox + kGap;
   labMoviePosi.setBounds({kMargin, middle(y, kLine, kText), kTimeWidth, kText});
   sldJinDu.setBounds({kMargin + kTimeWidth, y, width - 2 * kTimeWidth, kLine});
@@ -79,7 +81,8 @@ void frmMain::layOutTransport(std::int32_t right) {
 void frmMain::layOutLists(std::int32_t right) {
   const std::int32_t top = picSeparator.bounds().top + kMargin;
   const std::int32_t note = right - kErrNoteWidth;
-  tsLists.setBounds({kMargin, top, kTabsWidth, kTabsHeight});
+  // What stands right of the tabs lies on the strip.
+  tsLists.setBounds({kMargin, top, right - kMargin, kTabsHeight});
   labWork.setBounds({kMargin + kTabsWidth + kGap, middle(top, kTabsHeight, kText),
                      note - kGap - (kMargin + kTabsWidth + kGap), kText});
   picPlayErrNote.setBounds({note, middle(top, kTabsHeight, kSignWidth), kErrNoteWidth, kSignWidth});
@@ -124,8 +127,7 @@ void frmMain::hideOrShowPL() {
   labWork.setVisible(shown && !labWork.caption().empty());
   picBottomBorder.setVisible(shown);
   showPage(shown ? tsLists.selected() : 0);
-  cmdHideShowPL.setCaption(shown ? "隐藏列表(&L)" : "显示列表(&L)");
-  cmdHideShowPL.setIcon(shown ? icon::kHideList : icon::kShowList);
+  showListState();
   if (shown) {
     setMaximumHeight(0);
     setHeight(shownHeight_);
@@ -137,6 +139,11 @@ void frmMain::hideOrShowPL() {
     setMaximumHeight(height());
   }
   timDelaySetFrm.setEnabled(true);
+}
+
+void frmMain::showListState() {
+  cmdHideShowPL.setCaption(playListHidden_ ? "显示列表(&L)" : "隐藏列表(&L)");
+  cmdHideShowPL.setIcon(playListHidden_ ? icon::kShowList : icon::kHideList);
 }
 
 void frmMain::dragBottomBorder(std::int32_t y) {

@@ -8,6 +8,7 @@ namespace tessivo::ui {
 namespace {
 
 constexpr std::int32_t kIconTwips = 240;
+constexpr std::int32_t kSpaceTwips = 75;  ///< between picture and text
 
 }  // namespace
 
@@ -33,7 +34,12 @@ void Win32Button::apply(Aspect aspect) {
 }
 
 void Win32Button::showPicture() {
-  auto picture = loadIcon(model_.icon(), tessivo::toPixels(kIconTwips, context().twips().y));
+  const auto pixels = [this](std::int32_t twips) {
+    return tessivo::toPixels(twips, context().twips().y);
+  };
+  const bool alone = model_.caption().empty();
+  auto picture =
+      loadIconWithSpace(model_.icon(), pixels(kIconTwips), alone ? 0 : pixels(kSpaceTwips));
   send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture.get()));
   picture_ = std::move(picture);  // the one before is no longer shown
 }

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/win32/WindowsText.h"
@@ -22,9 +23,21 @@ void Win32TabStrip::apply(Aspect aspect) {
     case Aspect::value:
       send(TCM_SETCURSEL, static_cast<WPARAM>(model_.selected() - 1));
       return;
+    case Aspect::bounds:
+    case Aspect::scale:
+      ControlWindow::apply(aspect);
+      return fillHeight();
     default:
       return ControlWindow::apply(aspect);
   }
+}
+
+/// Tabs as high as the strip: there is no page in it.
+void Win32TabStrip::fillHeight() {
+  constexpr int kEdge = 2;
+  RECT area{};
+  GetClientRect(window(), &area);
+  send(TCM_SETITEMSIZE, 0, MAKELPARAM(1, std::max<LONG>(1, area.bottom - kEdge)));
 }
 
 /// Tabs only ever come at the end.

@@ -17,6 +17,7 @@ class Win32TabStrip : public ControlPeer<> {
 
  private:
   void addNewTabs();
+  void fillHeight();
   /// Tabs counted from 1; 0: none.
   int shownTab() const { return static_cast<int>(send(TCM_GETCURSEL)) + 1; }
   int tabAt(POINT point) const;
