@@ -13,7 +13,7 @@ struct OpenFilesRequest {
   std::uint32_t flags = 0;       ///< the system's OFN_ bits, passed on unchanged
   std::string filter;            ///< "name|patterns|name|patterns…"
   std::int32_t filterIndex = 1;  ///< the filter's entry chosen at first, from 1
-  std::int32_t maxLength = 0;    ///< of the answer in UTF-16 characters, with the NUL at its end
+  std::int32_t maxLength = 0;    ///< of the answer in UTF-16 characters, its last NUL included
   WindowHandle owner = 0;        ///< the dialog is modal over it
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/FileDialogs.h"
+#include "platform/Log.h"
+
+namespace tessivo {
+
+/// The dialogs of the system's common-dialog library.
+class Win32FileDialogs : public FileDialogs {
+ public:
+  explicit Win32FileDialogs(Log& log) : log_(log) {}
+
+  OpenFilesAnswer openFiles(const OpenFilesRequest& request) override;
+
+ private:
+  OpenFilesAnswer ask(const OpenFilesRequest& request);
+
+  Log& log_;
+};
+
+}  // namespace tessivo
