@@ -49,18 +49,19 @@ inline std::string titleOf(HWND window) {
   return fromWide(text);
 }
 
+inline BOOL CALLBACK addShownDialog(HWND window, LPARAM list) {
+  wchar_t name[20] = {};
+  GetClassNameW(window, name, 20);
+  if (std::wstring(name) == L"#32770" && IsWindowVisible(window)) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  }
+  return TRUE;
+}
+
 /// The system's dialogs and message boxes that this thread shows.
 inline std::vector<HWND> dialogsOfThisThread() {
   std::vector<HWND> dialogs;
-  const auto add = [](HWND window, LPARAM list) -> BOOL {
-    wchar_t name[20] = {};
-    GetClassNameW(window, name, 20);
-    if (std::wstring(name) == L"#32770" && IsWindowVisible(window)) {
-      reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    }
-    return TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&dialogs));
+  EnumThreadWindows(GetCurrentThreadId(), addShownDialog, reinterpret_cast<LPARAM>(&dialogs));
   return dialogs;
 }
 
