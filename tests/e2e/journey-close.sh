@@ -27,8 +27,8 @@ is_pending() { [[ $(player_said "$folder" ' playing: \| error play error: ') == 
 
 double_click_on_second_file() {
   local x y
-  IFS=', ' read -r x y _ <<<"$(player_shows panel)"
-  xdotool mousemove "$((x + 70))" "$((y + 188))" click --repeat 2 --delay 60 1
+  read -r x y < <(player_drive row-at 1)
+  xdotool mousemove "$x" "$y" click --repeat 2 --delay 60 1
 }
 
 # Closed in the middle of the start, at several moments of it.

@@ -18,7 +18,7 @@ panel_is_in_front() { shows in-front panel; }
 
 # The middles of the menu's entries, in pixels below its corner.
 declare -A entry=(
-  [播放]=12 [暂停]=30 [停止]=48 [放音]=75 [静音]=93 [全屏到]=120 [退出全屏]=120 [显示控制面板]=147)
+  [播放]=11 [暂停]=28 [停止]=45 [放音]=71 [静音]=88 [全屏到]=114 [退出全屏]=114 [显示控制面板]=140)
 
 # open_menu X Y; choose ENTRY X Y: with the right button there, then the left one on the entry.
 open_menu() {
@@ -26,10 +26,10 @@ open_menu() {
   player_wait 5 menu_is_at "$1" "$2"
 }
 menu_is_at() {
-  desktop_screenshot "$shots/menu.png"
-  # Seven entries on white with a thin frame.
-  at_least "$(player_region "$shots/menu.png" "10x155+$(($1 + 4))+$(($2 + 2))" mean)" 0.9 &&
-    at_least "$(player_region "$shots/menu.png" "10x155+$(($1 + 4))+$(($2 + 2))" 'minima')" 0.5
+  local left top
+  found="menu $(player_drive menu)"
+  read -r _ left top _ <<<"$found"
+  [[ -n $left ]] && ((left >= $1 - 2 && left <= $1 + 2 && top >= $2 - 2 && top <= $2 + 2))
 }
 choose() {
   open_menu "$2" "$3" || return
@@ -53,7 +53,7 @@ on_the_second_monitor() {
   check "a double click in full screen brings it back" player_wait 5 panel_is_on 1280
   check "the picture stays full screen" is_full_screen_right
   check "the right button opens the menu at the pointer" open_menu 1400 300
-  cp "$shots/menu.png" "$shots/menu-full-screen.png"
+  desktop_screenshot "$shots/menu-full-screen.png"
   xdotool key Escape
 }
 
@@ -95,7 +95,7 @@ to_the_second_screen() {
   sleep 1
   desktop_screenshot "$shots/screens.png"
   # The list of screens opens beside the menu: the main one and the second one.
-  xdotool mousemove 325 440 click 1
+  xdotool mousemove 325 431 click 1
   check "屏幕2 fills the second monitor" player_wait 5 is_full_screen_right
   check "停止 is chosen" choose 停止 1400 300
   check "it stops" shows_within 5 state '停止: '

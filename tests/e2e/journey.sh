@@ -37,11 +37,12 @@ journey() {
 
 check() {
   local what="$name: $1"
+  found=
   shift
   if "$@"; then
     echo "PASS $what"
   else
-    echo "FAIL $what"
+    echo "FAIL $what${found:+ (found: $found)}"
     tail -n 8 "$folder/Tessivo.log" 2>/dev/null | sed 's/^/  log: /' || true
   fi
 }
@@ -86,7 +87,11 @@ declare -A journey_unplayable=(
 
 said() { (($(player_said "$folder" "$1") >= ${2:-1})); }
 says_within() { player_wait "$1" said "$2" "${3:-1}"; }
-shows() { [[ $(player_shows "$1") == "$2" ]]; }
+# What was found instead is told by check.
+shows() {
+  found="$1 $(player_shows "$1")"
+  [[ $found == "$1 $2" ]]
+}
 shows_within() { player_wait "$1" shows "$2" "$3"; }
 is_full_screen_right() {
   # No caption, system menu, sizing frame or boxes: no bit of 0xCF0000 is set.

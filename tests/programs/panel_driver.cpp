@@ -1,41 +1,57 @@
 // panel_driver COMMAND…: works the control panel of a running player from outside, as an operator
 // would, and tells what it shows. Several commands are carried out in order.
 //
-//   wait        until the panel is there (20 s)
+//   wait         until the panel is there (20 s)
 //   play stop loop   press that button
-//   rule N      choose the N-th engine rule (from 0)
-//   seek N      move the progress slider to N seconds
-//   volume N    move the volume slider
-//   pause N     do nothing for N milliseconds
-//   show        print what the panel and the playback window show, one "name value" a line
-//   close       close the panel, and wait until the player has ended (20 s)
-//   kill        end the player's process at once
-//   closekill N close the panel, and end the process N milliseconds later, wherever it is
+//   rule N       choose the N-th engine rule (from 0)
+//   seek N       move the progress slider to N seconds
+//   volume N     move the volume slider
+//   pause N      do nothing for N milliseconds
+//   show         print what the panel and the playback window show, one "name value" a line
+//   where NAME   "x y width height" of that control on the screen, in pixels
+//   row-at N     "x y" of the middle of the name in row N (from 0) of the playlist
+//   tick-at N    "x y" of that row's check box
+//   cells N      that row's texts, " | " between them
+//   error N      the same of row N of the error log
+//   dialog       the title, text, buttons and place of the dialog that lies over the panel, if any:
+//                texts and buttons only of the program's own
+//   menu         "x y width height" of the pop-up menu that is open, if any
+//   close        close the panel, and wait until the player has ended (20 s)
+//   kill         end the player's process at once
+//   closekill N  close the panel, and end the process N milliseconds later, wherever it is
 #include <windows.h>
 // After windows.h, which it needs:
-#include <commctrl.h>
+#include <shellapi.h>
 
-#include <cstdio>
-#include <cstdlib>
+#include <deque>
 #include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
-#include "platform/win32/WindowsText.h"
+#include "PanelList.h"
+#include "PanelWindow.h"
 
 namespace {
 
 using namespace tessivo;
 
 constexpr int kDeadlineMs = 20000;
-constexpr int kSliderEnd = 13;  // pixels beside the way of the thumb's middle
-constexpr wchar_t kPanelTitle[] = L"Tessivo 泰思维";
+constexpr int kSliderEnd = 13;   // pixels beside the way of the thumb's middle
+constexpr int kTickMiddle = 11;  // pixels from a row's left edge
+constexpr int kManyRows = 1000;  // of more the ticks are not counted
 constexpr wchar_t kScreenTitle[] = L"Tessivo 播放窗口";
 
-[[noreturn]] void fail(const std::string& why) {
-  std::printf("panel_driver: %s\n", why.c_str());
-  std::exit(1);
+/// What is still to be carried out.
+std::deque<std::string> words;
+
+std::string nextWord() {
+  if (words.empty()) fail("a command lacks its value");
+  std::string word = std::move(words.front());
+  words.pop_front();
+  return word;
+}
+
+int nextNumber() {
+  return std::atoi(nextWord().c_str());
 }
 
 void until(const std::string& what, const std::function<bool()>& condition) {
@@ -46,54 +62,41 @@ void until(const std::string& what, const std::function<bool()>& condition) {
   }
 }
 
-std::string textOf(HWND window) {
-  wchar_t text[1024] = L"";
-  SendMessageW(window, WM_GETTEXT, 1024, reinterpret_cast<LPARAM>(text));
-  return fromWide(text);
+/// A press and a release of the left button where the value lies on the slider.
+void slide(const std::string& slider, int value) {
+  const HWND bar = PanelWindow().control(slider);
+  RECT area{};
+  GetClientRect(bar, &area);
+  const int least = static_cast<int>(SendMessageW(bar, TBM_GETRANGEMIN, 0, 0));
+  const int most = static_cast<int>(SendMessageW(bar, TBM_GETRANGEMAX, 0, 0));
+  const int room = area.right - 2 * kSliderEnd;
+  const int x = kSliderEnd + MulDiv(room, value - least, most - least);
+  const LPARAM point = MAKELPARAM(x, area.bottom / 2);
+  SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
+  SendMessageW(bar, WM_LBUTTONUP, 0, point);
 }
 
-/// The panel's controls in their order, by window class.
-class Panel {
- public:
-  Panel() : window_(FindWindowW(nullptr, kPanelTitle)) {
-    if (!window_) fail("no control panel");
-    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-      wchar_t name[64] = L"";
-      GetClassNameW(child, name, 64);
-      children_[toUpper(fromWide(name))].push_back(child);
-    }
-  }
-  HWND window() const { return window_; }
-  HWND control(const std::string& kind, std::size_t index) const {
-    const auto found = children_.find(kind);
-    if (found == children_.end() || found->second.size() <= index) fail("no control " + kind);
-    return found->second[index];
-  }
-  void press(std::size_t button) const { SendMessageW(control("BUTTON", button), BM_CLICK, 0, 0); }
-  /// A press and a release of the left button where the value lies on the slider.
-  void slide(std::size_t slider, int value) const {
-    const HWND bar = control("MSCTLS_TRACKBAR32", slider);
-    RECT area{};
-    GetClientRect(bar, &area);
-    const int least = static_cast<int>(SendMessageW(bar, TBM_GETRANGEMIN, 0, 0));
-    const int most = static_cast<int>(SendMessageW(bar, TBM_GETRANGEMAX, 0, 0));
-    const int room = area.right - 2 * kSliderEnd;
-    const int x = kSliderEnd + MulDiv(room, value - least, most - least);
-    const LPARAM point = MAKELPARAM(x, area.bottom / 2);
-    SendMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    SendMessageW(bar, WM_LBUTTONUP, 0, point);
-  }
-  void choose(std::size_t combo, int index) const {
-    const HWND list = control("COMBOBOX", combo);
-    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageW(window_, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(list));
-  }
+void press(const std::string& button) {
+  PanelWindow().ask(button, BM_CLICK);
+}
 
- private:
-  HWND window_;
-  std::map<std::string, std::vector<HWND>> children_;
-};
+void choose(const std::string& combo, int index) {
+  const HWND list = PanelWindow().control(combo);
+  SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE),
+               reinterpret_cast<LPARAM>(list));
+}
+
+void printPlace(const RECT& rect) {
+  std::printf("%ld %ld %ld %ld\n", rect.left, rect.top, rect.right - rect.left,
+              rect.bottom - rect.top);
+}
+
+void printPlace(HWND window) {
+  RECT rect{};
+  GetWindowRect(window, &rect);
+  printPlace(rect);
+}
 
 void printWindow(const char* name, HWND window) {
   RECT rect{};
@@ -111,29 +114,114 @@ void printOrder(HWND panel, HWND screen) {
   std::printf("in-front %s\n", above == panel ? "panel" : "screen");
 }
 
-void show() {
-  const Panel panel;
+void printText(const char* name, const std::string& text) {
+  std::printf("%s %s\n", name, text.c_str());
+}
+
+void printNumber(const char* name, int number) {
+  std::printf("%s %d\n", name, number);
+}
+
+const char* yesOrNo(bool yes) {
+  return yes ? "yes" : "no";
+}
+
+void showWindows(const PanelWindow& panel) {
   printWindow("panel", panel.window());
+  const char* const state = IsIconic(panel.window())   ? "minimised"
+                            : IsZoomed(panel.window()) ? "maximised"
+                                                       : "normal";
+  printText("panel-state", state);
   if (const HWND screen = FindWindowW(nullptr, kScreenTitle)) {
     printWindow("screen", screen);
     printOrder(panel.window(), screen);
   }
-  const char* const labels[] = {"state",        "position", "seconds", "length",
-                                "volume-label", "count",    "note"};
-  for (std::size_t i = 0; i < std::size(labels); ++i) {
-    std::printf("%s %s\n", labels[i], textOf(panel.control("STATIC", i)).c_str());
+  printText("focus", panel.focus());
+}
+
+void showTransport(const PanelWindow& panel) {
+  printText("state", panel.text("labPlayState1"));
+  printText("file", panel.text("txtFileName"));
+  printText("position", panel.text("labMoviePosi"));
+  printText("seconds", panel.text("labSlidMax"));
+  printText("length", panel.text("labMovieLen"));
+  printText("play-button", panel.text("cmdPlay"));
+  printText("loop-button", panel.text("cmdRecyclePlayPL"));
+  printText("screen-button", panel.text("cmdSetScreen"));
+  printNumber("progress", panel.ask("sldJinDu", TBM_GETPOS));
+  printNumber("volume", panel.ask("sldVolume", TBM_GETPOS));
+  printNumber("rule", panel.ask("comboPlayRuler", CB_GETCURSEL));
+}
+
+/// The last row of the error log: the name of the file, then the reason.
+std::string lastError(const PanelList& log) {
+  const int last = log.rowCount() - 1;
+  if (last < 0) return "";
+  const std::string path = log.cell(last, 3);
+  return path.substr(path.find_last_of("\\/") + 1) + ": " + log.cell(last, 2);
+}
+
+void showLists(const PanelWindow& panel) {
+  const PanelList files(panel, "lvPlayList");
+  const PanelList errors(panel, "lvPlayErrLogList");
+  printText("count", panel.text("labFileCount"));
+  printNumber("rows", files.rowCount());
+  printNumber("selected", files.selected());
+  if (files.rowCount() <= kManyRows) printNumber("ticked", files.tickedRows());
+  printText("note", lastError(errors));
+  printText("errors", panel.text("labPlayErrLogCount"));
+  printText("error-mark", yesOrNo(panel.isVisible("picPlayErrNote")));
+  printText("delete-hint", yesOrNo(panel.isVisible("labDeleteNote")));
+  printText("work", panel.isVisible("labWork") ? panel.text("labWork") : "");
+  const bool onErrors = panel.isVisible("picPlayErrLLBackGround");
+  const bool onFiles = panel.isVisible("picPlayListBackGround");
+  printText("page", onFiles ? "1" : onErrors ? "2" : "none");
+}
+
+void show() {
+  const PanelWindow panel;
+  showWindows(panel);
+  showTransport(panel);
+  showLists(panel);
+}
+
+void printCells(const std::string& list, int row, int columns) {
+  const PanelList cells(PanelWindow{}, list);
+  for (int column = 1; column < columns; ++column) {
+    std::printf("%s%s", column > 1 ? " | " : "", cells.cell(row, column).c_str());
   }
-  std::printf("file %s\n", textOf(panel.control("EDIT", 0)).c_str());
-  std::printf("play-button %s\n", textOf(panel.control("BUTTON", 0)).c_str());
-  std::printf("loop-button %s\n", textOf(panel.control("BUTTON", 2)).c_str());
-  const auto number = [&panel](const char* name, const char* kind, std::size_t index, UINT ask) {
-    std::printf("%s %d\n", name,
-                static_cast<int>(SendMessageW(panel.control(kind, index), ask, 0, 0)));
-  };
-  number("progress", "MSCTLS_TRACKBAR32", 0, TBM_GETPOS);
-  number("volume", "MSCTLS_TRACKBAR32", 1, TBM_GETPOS);
-  number("rule", "COMBOBOX", 0, CB_GETCURSEL);
-  number("rows", "SYSLISTVIEW32", 0, LVM_GETITEMCOUNT);
+  std::puts("");
+}
+
+void printRowAt(int row) {
+  const RECT rect = PanelList(PanelWindow(), "lvPlayList").cellRect(row, 1);
+  std::printf("%ld %ld\n", (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+}
+
+void printTickAt(int row) {
+  const RECT rect = PanelList(PanelWindow(), "lvPlayList").cellRect(row, 0);
+  std::printf("%ld %ld\n", rect.left + kTickMiddle, (rect.top + rect.bottom) / 2);
+}
+
+void showDialog() {
+  const HWND dialog = PanelWindow().dialog();
+  if (!dialog) return;
+  const HWND note = findControl(dialog, "labNote");
+  printText("title", textOf(dialog));
+  printText("text", note ? textOf(note) : "");
+  std::string buttons;
+  for (const char* const name : {"cmdYes", "cmdNo"}) {
+    const HWND button = findControl(dialog, name);
+    if (button && IsWindowVisible(button)) buttons += ' ' + textOf(button);
+  }
+  std::printf("buttons%s\n", buttons.c_str());
+  std::printf("place ");
+  printPlace(dialog);
+}
+
+void showMenu() {
+  const HWND menu = FindWindowW(L"#32768", nullptr);
+  if (menu && IsWindowVisible(menu)) printPlace(menu);
 }
 
 /// The player's process, to wait for or to end.
@@ -141,7 +229,7 @@ class Player {
  public:
   Player() {
     DWORD id = 0;
-    GetWindowThreadProcessId(Panel().window(), &id);
+    GetWindowThreadProcessId(PanelWindow().window(), &id);
     process_ = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id);
   }
   ~Player() { CloseHandle(process_); }
@@ -161,52 +249,54 @@ class Player {
 
 void closePanel() {
   const Player player;
-  PostMessageW(Panel().window(), WM_CLOSE, 0, 0);
+  PostMessageW(PanelWindow().window(), WM_CLOSE, 0, 0);
   player.waitForEnd();
 }
 
 void closeAndKill(int afterMs) {
   const Player player;
-  PostMessageW(Panel().window(), WM_CLOSE, 0, 0);
+  PostMessageW(PanelWindow().window(), WM_CLOSE, 0, 0);
   Sleep(static_cast<DWORD>(afterMs));
   player.kill();
 }
 
-/// Carries out one command; tells whether it took the number after it.
-bool carryOut(const std::string& command, int number) {
-  const std::map<std::string, std::function<void()>> plain{
-      {"wait",
-       [] {
-         until("the panel", [] { return IsWindowVisible(FindWindowW(nullptr, kPanelTitle)); });
-       }},
-      {"play", [] { Panel().press(0); }},
-      {"stop", [] { Panel().press(1); }},
-      {"loop", [] { Panel().press(2); }},
+void waitForPanel() {
+  until("the panel", [] { return IsWindowVisible(PanelWindow::find()); });
+}
+
+void carryOut(const std::string& command) {
+  static const std::map<std::string, std::function<void()>> commands{
+      {"wait", waitForPanel},
+      {"play", [] { press("cmdPlay"); }},
+      {"stop", [] { press("cmdStop"); }},
+      {"loop", [] { press("cmdRecyclePlayPL"); }},
+      {"rule", [] { choose("comboPlayRuler", nextNumber()); }},
+      {"seek", [] { slide("sldJinDu", nextNumber()); }},
+      {"volume", [] { slide("sldVolume", nextNumber()); }},
+      {"pause", [] { Sleep(static_cast<DWORD>(nextNumber())); }},
       {"show", show},
+      {"where", [] { printPlace(PanelWindow().control(nextWord())); }},
+      {"row-at", [] { printRowAt(nextNumber()); }},
+      {"tick-at", [] { printTickAt(nextNumber()); }},
+      {"cells", [] { printCells("lvPlayList", nextNumber(), 3); }},
+      {"error", [] { printCells("lvPlayErrLogList", nextNumber(), 4); }},
+      {"dialog", showDialog},
+      {"menu", showMenu},
       {"close", closePanel},
-      {"kill", [] { Player().kill(); }}};
-  const std::map<std::string, std::function<void()>> numbered{
-      {"closekill", [number] { closeAndKill(number); }},
-      {"pause", [number] { Sleep(static_cast<DWORD>(number)); }},
-      {"seek", [number] { Panel().slide(0, number); }},
-      {"volume", [number] { Panel().slide(1, number); }},
-      {"rule", [number] { Panel().choose(0, number); }}};
-  if (const auto found = plain.find(command); found != plain.end()) {
-    found->second();
-    return false;
-  }
-  const auto found = numbered.find(command);
-  if (found == numbered.end()) fail("unknown command " + command);
+      {"kill", [] { Player().kill(); }},
+      {"closekill", [] { closeAndKill(nextNumber()); }}};
+  const auto found = commands.find(command);
+  if (found == commands.end()) fail("unknown command " + command);
   found->second();
-  return true;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  for (int i = 1; i < argc; ++i) {
-    const int number = i + 1 < argc ? std::atoi(argv[i + 1]) : 0;
-    if (carryOut(argv[i], number)) ++i;
-  }
+int main() {
+  int count = 0;
+  LPWSTR* list = CommandLineToArgvW(GetCommandLineW(), &count);
+  for (int i = 1; i < count; ++i) words.push_back(fromWide(list[i]));
+  LocalFree(list);
+  while (!words.empty()) carryOut(nextWord());
   return 0;
 }
