@@ -261,8 +261,8 @@ bool Controler::showOnMonitor(std::int32_t number) {
   monitors.GetMonitorArray();
   const auto monitor = monitors.objGetAMonitorByIndex(number);
   if (!monitor) return false;
-  if (screen_->boolMaxSize())
-    screen_->boolMaxSize(false);  // it enters on another monitor only anew
+  // In full screen already, it comes to another monitor by leaving and entering again.
+  if (screen_->boolMaxSize()) screen_->boolMaxSize(false);
   showOn(*monitor);
   return true;
 }

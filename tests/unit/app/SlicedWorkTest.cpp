@@ -169,6 +169,15 @@ TEST_F(SlicedWorkTest, AStepMayPutOtherWorkInItsPlace) {
   EXPECT_FALSE(work->isRunning());
 }
 
+TEST_F(SlicedWorkTest, WorkPutInThePlaceOfAStepThatWasItsLastIsNotTakenForIt) {
+  work->run([this] {
+    work->cancel();
+    work->run(steps('b', 2));
+    return false;
+  });
+  EXPECT_EQ(take(), "bb");
+}
+
 TEST_F(SlicedWorkTest, AStepMayDestroyTheWork) {
   work->run(steps('a', 4));
   work->run([this] {
