@@ -4,10 +4,14 @@
 
 namespace tessivo {
 
+// The playback window's new place gives it the keyboard, and on the panel's own monitor covers the
+// panel, which takes both back.
+
 void frmMain::setScreen() {
   if (cmdSetScreen.tag() == "2") {
     controler_.leaveFullScreen();
     setFaceToAPlayState(panelState::kNormal, false);
+    activate();
     return;
   }
   if (mnuScreens.count() == 0) addScreenEntry("");
@@ -29,6 +33,7 @@ ui::MenuItem& frmMain::addScreenEntry(const std::string& caption) {
   entry.onClick.listen([this, index] {
     if (controler_.showOnMonitor(static_cast<std::int32_t>(index) + 1)) {
       setFaceToAPlayState(panelState::kFullScreen, false);
+      activate();
     }
   });
   return entry;

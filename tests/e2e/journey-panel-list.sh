@@ -160,9 +160,9 @@ deleting() {
   check "the hint is not there" shows delete-hint no
   click cmdPLDelete
   check "with nothing ticked the button gives the hint" shows_within 2 delete-hint yes
-  desktop_screenshot "$shots/hint.png"
-  sleep 3
+  sleep 2
   check "which stays some seconds" shows delete-hint yes
+  desktop_screenshot "$shots/hint.png"
   check "and goes away" shows_within 5 delete-hint no
   check "nothing was deleted" shows count 503
 }
