@@ -231,7 +231,7 @@ panel_height() {
 height_is_near() {
   panel_height
   found="height $panel_height"
-  ((panel_height >= $1 - 1 && panel_height <= $1 + 1))
+  ((panel_height >= $1 - ${2:-1} && panel_height <= $1 + 1))
 }
 ends_below_separator() {
   local below
@@ -240,6 +240,15 @@ ends_below_separator() {
   place_of frmMain
   found="separator at $below, end at $((y + h))"
   ((y + h == below + 2))
+}
+# The window ends at the pointer, which takes hold of the border in its middle.
+border=6
+drag_border_to() {
+  panel_height
+  middle_of picBottomBorder
+  y=$((y + $1 - panel_height))
+  xdotool mousemove "$x" $((y - $1 + panel_height)) mousedown 1 mousemove "$x" "$y" mouseup 1
+  sleep 0.5
 }
 heights() {
   local full
@@ -253,18 +262,13 @@ heights() {
   click cmdHideShowPL
   check "显示列表: the page is back" shows_within 5 page 1
   check "and the height" height_is_near "$full"
-  middle_of picBottomBorder
-  xdotool mousemove "$x" "$y" mousedown 1 mousemove "$x" $((y + 30)) mousemove "$x" $((y + 60)) mouseup 1
-  sleep 0.5
-  check "dragging the bottom border makes it higher" height_is_near $((full + 60))
-  middle_of picBottomBorder
-  xdotool mousemove "$x" "$y" mousedown 1 mousemove "$x" $((y - full - 60 + 280)) mouseup 1
-  sleep 0.5
-  check "not as low as 4300 twips" height_is_near $((full + 60))
-  middle_of picBottomBorder
-  xdotool mousemove "$x" "$y" mousedown 1 mousemove "$x" $((y - full - 60 + 300)) mouseup 1
-  sleep 0.5
-  check "but a little higher than that" height_is_near 300
+  drag_border_to $((full + 60))
+  check "dragging the bottom border makes it higher" height_is_near $((full + 60)) "$border"
+  full=$panel_height
+  drag_border_to 280
+  check "not as low as 4300 twips" height_is_near "$full"
+  drag_border_to 300
+  check "but a little higher than that" height_is_near 300 "$border"
   desktop_screenshot "$shots/low.png"
 }
 
