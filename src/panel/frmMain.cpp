@@ -136,7 +136,6 @@ void frmMain::nameControls() {
 }
 
 void frmMain::initializeFace() {
-  constexpr std::int32_t kTickColumn = 375;
   constexpr std::int32_t kNameColumn = 3500;
   constexpr std::int32_t kPathColumn = 10000;
   constexpr std::int32_t kTimeColumn = 1900;

@@ -214,6 +214,8 @@ class frmMain : public ui::Form, public PanelFace {
   void goOnAfterError(bool wasLast);
   void clearErrorLog();
 
+  static constexpr std::int32_t kTickColumn = 375;  ///< twips, the first column of both lists
+
   PanelServices services_;
   Controler& controler_;
 

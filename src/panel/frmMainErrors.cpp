@@ -12,8 +12,8 @@ void frmMain::listenToErrorLog() {
   picPlayErrSign.onClick.listen(show);
   labPlayErrNote.onClick.listen(show);
   lvPlayErrLogList.onMouseUp.listen([this](const ui::MouseEvent&) {
-    const std::int32_t width = lvPlayErrLogList.columns().front().width;
-    if (lvPlayErrLogList.columnWidth(0) != width) lvPlayErrLogList.setColumnWidth(0, width);
+    if (lvPlayErrLogList.columnWidth(0) == kTickColumn) return;
+    lvPlayErrLogList.setColumnWidth(0, kTickColumn);
   });
 }
 

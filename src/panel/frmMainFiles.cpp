@@ -73,6 +73,7 @@ void frmMain::endDeleting() {
 void frmMain::deleteSelectedEntry() {
   const int row = lvPlayList.selected();
   if (row < 0) return;
+  const bool wasPlayItem = lvPlayList.row(row).tag == "1";
   MoviePtr next;
   controler_.deleteAItemFromPL(lvPlayList.row(row).key, next);
   lvPlayList.remove(row);
@@ -82,6 +83,8 @@ void frmMain::deleteSelectedEntry() {
     controler_.setFilePath("");
     return;
   }
+  // What was playing has been stopped: another item is the current one.
+  if (wasPlayItem) setFaceToAPlayState(panelState::kStopped, false);
   lvPlayList.select(lvPlayList.indexOf(next->strKey));
   if (next->boolIsPlayItem) markRow(next->strKey);
 }
@@ -92,6 +95,7 @@ void frmMain::clearPL() {
   controler_.deleteAllItemFromPL();
   lvPlayList.clear();
   markedKey_.clear();
+  txtFileName.setCaption(playItemName());
   showFileCount();
   setDeleteAll(false);
   lvPlayList.setFocus();

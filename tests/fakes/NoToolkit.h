@@ -12,11 +12,14 @@ namespace tessivo {
 struct NoToolkit : ui::Toolkit {
   void open(ui::Form& form) override { form.onResize.raise(); }
   void showModal(ui::Form& dialog) override {
+    ui::Form* const owner = dialog.owner();
     open(dialog);
+    owner->setEnabled(false);
     dialog.show();
     ++dialogs;
     if (whenModal) whenModal(dialog);
     if (dialog.visible()) dialog.close();
+    owner->setEnabled(true);
   }
   std::function<void(ui::Form&)> whenModal;
   int dialogs = 0;

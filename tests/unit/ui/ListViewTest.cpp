@@ -144,6 +144,9 @@ class FollowingPeer : public ListViewPeer {
   void selectionChanged(int row) override { selection = row; }
   void ensureVisible(int) override {}
   int rowAt(std::int32_t) const override { return -1; }
+  std::int32_t topOf(int) const override { return 0; }
+  std::int32_t columnWidth(int) const override { return 0; }
+  void columnWidthChanged(int) override {}
 
   int rows = 0;
   int selection = -1;

@@ -1,5 +1,6 @@
 #include "fakes/NoToolkit.h"
 #include "forms/FormWorld.h"
+#include "ui/Mnemonics.h"
 
 namespace tessivo::ui {
 namespace {
@@ -50,8 +51,15 @@ class ModelFormWorld : public FormWorld {
     slider.commit();
     slider.keyUp(key);
   }
-  void clickRow(ListView& list, int row) override { list.clickRow(row); }
-  void tickRow(ListView& list, int row) override { list.tick(row, !list.row(row).checked); }
+  void clickRow(ListView& list, int row) override {
+    list.mouseDown({});
+    list.clickRow(row);
+    list.mouseUp({});
+  }
+  void tickRow(ListView& list, int row) override {
+    list.clickRow(row);
+    list.tick(row, !list.row(row).checked);
+  }
   void mouse(Control& control, const MouseEvent& at) override {
     control.mouseDown(at);
     control.mouseUp(at);
@@ -59,7 +67,71 @@ class ModelFormWorld : public FormWorld {
   }
   void close(Form& form) override { form.close(); }
 
+  bool hasFocus(const Control& control) override { return control.hasFocus(); }
+  void doubleClickRow(ListView& list, int row) override {
+    pointTo(list, row);
+    if (row >= 0) list.clickRow(row);
+    list.doubleClick();
+  }
+  void rightClickRow(ListView& list, int row) override {
+    const MouseEvent at = pointTo(list, row);
+    if (row >= 0) list.clickRow(row);
+    list.mouseUp({MouseButton::right, at.x, at.y});
+  }
+  void setColumnWidth(ListView& list, int column, std::int32_t twips) override {
+    list.setColumnWidth(column, twips);
+  }
+  void hold(Button& button) override { button.mouseDown({}); }
+  void release(Button& button) override {
+    button.click();
+    button.mouseUp({});
+  }
+  void mouseDown(Control& control, const MouseEvent& at) override { control.mouseDown(at); }
+  void mouseMove(Control& control, const MouseEvent& at) override { control.mouseMove(at); }
+  void mouseUp(Control& control, const MouseEvent& at) override { control.mouseUp(at); }
+  void key(Form& form, Control& focus, KeyCode code, bool control) override {
+    if (form.pressKey({code, control, &focus, false})) return;
+    focus.keyDown(code);
+    const bool clicks = code == ' ' || code == '\r';
+    const bool clickable = dynamic_cast<Button*>(&focus) || dynamic_cast<PictureBox*>(&focus);
+    if (clicks && clickable) focus.click();
+    focus.keyUp(code);
+  }
+  void mnemonic(Form& form, char letter) override {
+    if (Control* control = controlOfMnemonic(form, static_cast<unsigned char>(letter))) {
+      control->click();
+    }
+  }
+  void drop(Form& form, const std::vector<std::string>& paths) override {
+    struct Drop : DroppedFiles {
+      explicit Drop(const std::vector<std::string>& p) : paths(p) {}
+      std::uint32_t count() const override { return static_cast<std::uint32_t>(paths.size()); }
+      std::string path(std::uint32_t index) const override { return paths[index]; }
+      const std::vector<std::string>& paths;
+    };
+    form.onFilesDropped.raise(Drop(paths));
+  }
+  void answerDialogs(std::function<void(Form&)> answer) override {
+    toolkit_.whenModal = std::move(answer);
+  }
+
+ protected:
+  void chooseInMenu(Form&, MenuItem& menu, int entry) override {
+    for (std::size_t i = 0; i < menu.count(); ++i) {
+      MenuItem& item = menu.item(i);
+      if (item.isSeparator() || !item.visible()) continue;
+      if (entry-- == 0) return item.choose();
+    }
+  }
+
  private:
+  static MouseEvent pointTo(ListView& list, int row) {
+    const int target = row < 0 ? list.rowCount() : row;
+    const MouseEvent at{MouseButton::left, 600, list.topOf(target) + ListView::kModelRowHeight / 2};
+    list.mouseMove(at);
+    return at;
+  }
+
   tessivo::NoToolkit toolkit_;
 };
 

@@ -1,3 +1,9 @@
+#include <windows.h>
+// after windows.h
+#include <shlobj.h>
+
+#include <cstring>
+
 #include "fakes/FakeLog.h"
 #include "forms/FormWorld.h"
 #include "ui/win32/Win32Toolkit.h"
@@ -93,7 +99,120 @@ class Win32FormWorld : public FormWorld {
   }
   void close(Form& form) override { send(form, WM_CLOSE); }
 
+  bool hasFocus(const Control& control) override { return GetFocus() == windowOf(control); }
+  void doubleClickRow(ListView& list, int row) override {
+    const LPARAM at = pointTo(list, row);
+    pressAndRelease(windowOf(list), WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON, at);
+    pressAndRelease(windowOf(list), WM_LBUTTONDBLCLK, WM_LBUTTONUP, MK_LBUTTON, at);
+  }
+  void rightClickRow(ListView& list, int row) override {
+    const LPARAM at = pointTo(list, row);
+    pressAndRelease(windowOf(list), WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON, at);
+  }
+  void setColumnWidth(ListView& list, int column, std::int32_t twips) override {
+    send(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), twips / 15);
+  }
+  void hold(Button& button) override { send(button, WM_LBUTTONDOWN, MK_LBUTTON, inside(button)); }
+  void release(Button& button) override { send(button, WM_LBUTTONUP, 0, inside(button)); }
+  void mouseDown(Control& control, const MouseEvent& at) override {
+    send(control, WM_LBUTTONDOWN, MK_LBUTTON, pixels(at));
+  }
+  void mouseMove(Control& control, const MouseEvent& at) override {
+    send(control, WM_MOUSEMOVE, MK_LBUTTON, pixels(at));
+  }
+  void mouseUp(Control& control, const MouseEvent& at) override {
+    send(control, WM_LBUTTONUP, 0, pixels(at));
+  }
+  void key(Form&, Control& focus, KeyCode code, bool control) override {
+    const HWND window = windowOf(focus);
+    holdControlKey(control);
+    const auto key = static_cast<WPARAM>(code);
+    if (!Win32Toolkit::translate({window, WM_KEYDOWN, key, 0, 0, {}}) && IsWindow(window)) {
+      SendMessageW(window, WM_KEYDOWN, key, 0);
+      if (IsWindow(window)) SendMessageW(window, WM_KEYUP, key, 0);
+    }
+    holdControlKey(false);
+  }
+  void mnemonic(Form& form, char letter) override {
+    Win32Toolkit::translate(
+        {windowOf(form), WM_SYSCHAR, static_cast<unsigned char>(letter), 0, 0, {}});
+  }
+  void drop(Form& form, const std::vector<std::string>& paths) override {
+    std::wstring names;
+    for (const auto& path : paths) names += toWide(path) + L'\0';
+    names += L'\0';
+    const std::size_t size = sizeof(DROPFILES) + names.size() * sizeof(wchar_t);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+    auto* header = static_cast<DROPFILES*>(GlobalLock(block));
+    header->pFiles = sizeof(DROPFILES);
+    header->fWide = TRUE;
+    std::memcpy(header + 1, names.data(), names.size() * sizeof(wchar_t));
+    GlobalUnlock(block);
+    send(form, WM_DROPFILES, reinterpret_cast<WPARAM>(block));
+  }
+  void answerDialogs(std::function<void(Form&)> answer) override {
+    toolkit_.answer = std::move(answer);
+  }
+
+ protected:
+  void chooseInMenu(Form& form, MenuItem&, int entry) override {
+    const auto press = [&form](WPARAM key) {
+      PostMessageW(windowOf(form), WM_KEYDOWN, key, 0);
+      PostMessageW(windowOf(form), WM_KEYUP, key, 0);
+    };
+    for (int i = 0; i <= entry; ++i) press(VK_DOWN);
+    press(entry < 0 ? VK_ESCAPE : VK_RETURN);
+  }
+
  private:
+  /// Real windows; when a dialog is up and its loop turns, the user answers it.
+  struct AnsweringToolkit : Toolkit {
+    explicit AnsweringToolkit(Log& log) : real(TwipsPerPixel{}, log) {}
+    void open(Form& form) override { real.open(form); }
+    void showModal(Form& dialog) override {
+      static AnsweringToolkit* now = nullptr;
+      static Form* up = nullptr;
+      now = this;
+      up = &dialog;
+      SetTimer(nullptr, 0, 1, [](HWND, UINT, UINT_PTR id, DWORD) {
+        KillTimer(nullptr, id);
+        Form& form = *up;
+        const HWND window = windowOf(form);
+        if (now->answer) now->answer(form);
+        if (IsWindow(window) && up == &form) PostMessageW(window, WM_CLOSE, 0, 0);
+      });
+      real.showModal(dialog);
+      up = nullptr;
+    }
+    Win32Toolkit real;
+    std::function<void(Form&)> answer;
+  };
+
+  static LPARAM pixels(const MouseEvent& at) {
+    return MAKELPARAM(static_cast<WORD>(static_cast<short>(at.x / 15)),
+                      static_cast<WORD>(static_cast<short>(at.y / 15)));
+  }
+  static LPARAM inside(const Control& control) {
+    RECT area{};
+    GetClientRect(windowOf(control), &area);
+    return middleOf(area);
+  }
+  static void holdControlKey(bool down) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = down ? 0x80 : 0;
+    SetKeyboardState(keys);
+  }
+  static LPARAM pointTo(const ListView& list, int row) {
+    const int last = list.rowCount() - 1;
+    RECT at{};
+    if (last >= 0) at = itemRect(windowOf(list), row < 0 ? last : row, LVIR_BOUNDS);
+    if (row < 0) OffsetRect(&at, 0, at.bottom - at.top + 30);
+    const LPARAM point = MAKELPARAM(60, (at.top + at.bottom) / 2);
+    SendMessageW(windowOf(list), WM_MOUSEMOVE, 0, point);
+    return point;
+  }
+
   static int number(const Control& control, UINT message) {
     return static_cast<int>(send(control, message));
   }
@@ -114,7 +233,7 @@ class Win32FormWorld : public FormWorld {
   }
 
   FakeLog log_;
-  Win32Toolkit toolkit_{TwipsPerPixel{}, log_};
+  AnsweringToolkit toolkit_{log_};
 };
 
 }  // namespace
