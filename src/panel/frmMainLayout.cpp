@@ -44,7 +44,7 @@ std::int32_t middle(std::int32_t top, std::int32_t lineHeight, std::int32_t heig
 }  // namespace
 
 void frmMain::layOut() {
-  setMinimumSize(kMinWidth, playListHidden_ ? 0 : kLowestHeight + kOnePixel);
+  setMinimumSize(kMinWidth, playListHidden_ ? 0 : kLowestHeight + 1);
   const std::int32_t right = scaleWidth() - kMargin;
   layOutTransport(right);
   layOutLists(right);

@@ -110,7 +110,8 @@ void InputVerbs::release(HWND window, MouseButton button, LPARAM position) {
 void InputVerbs::loseCapture() {
   const auto alive = alive_;
   const unsigned lost = std::exchange(pressed_, 0U);
-  clickPending_ = false;
+  // A control that gives the pointer back because of the release has lost nothing.
+  if (lost & bitOf(MouseButton::left)) clickPending_ = false;
   constexpr std::array kButtons{MouseButton::left, MouseButton::right, MouseButton::middle};
   for (const MouseButton button : kButtons) {
     if (!*alive) return;

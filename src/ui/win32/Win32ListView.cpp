@@ -134,12 +134,23 @@ void Win32ListView::carryOver() {
 }
 
 void Win32ListView::showSelection(int row) {
-  // Taking the state from all rows may make the control visit each of them, so it is done only when
-  // none is to be selected; selecting one takes the selection from the other.
-  if (row < 0 && send(LVM_GETSELECTEDCOUNT) == 0) return;
+  // A control with single selection may visit all its rows to take the selection from the other
+  // ones. So it is told which one that is, and is a control with many for as long.
+  const auto style = GetWindowLongPtrW(window(), GWL_STYLE);
+  SetWindowLongPtrW(window(), GWL_STYLE, style & ~LONG_PTR{LVS_SINGLESEL});
+  if (selectedRow_ >= 0 && selectedRow_ != row) setRowState(selectedRow_, 0);
+  const LRESULT others = selectedRow_ >= 0 && selectedRow_ == row ? 1 : 0;
+  if (send(LVM_GETSELECTEDCOUNT) > others) setRowState(-1, 0);  // it lost track of them
+  if (row >= 0) setRowState(row, LVIS_SELECTED | LVIS_FOCUSED);
+  selectedRow_ = row;
+  SetWindowLongPtrW(window(), GWL_STYLE, style);
+}
+
+/// Row -1: of all rows.
+void Win32ListView::setRowState(int row, UINT state) {
   LVITEMW item{};
   item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  item.state = row >= 0 ? item.stateMask : 0;
+  item.state = state;
   send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
@@ -240,6 +251,7 @@ LRESULT Win32ListView::draw(NMLVCUSTOMDRAW& drawing) const {
 /// The user selects with the keys. With the mouse, the click that follows tells more.
 void Win32ListView::noteChange(const NMLISTVIEW& change) {
   const bool selects = (change.uNewState & ~change.uOldState & LVIS_SELECTED) != 0;
+  if (selects) selectedRow_ = change.iItem;
   if (quiet_ || !selects || !hasRow(change.iItem) || inMouse_) return;
   model_.clickRow(change.iItem);
 }

@@ -37,6 +37,7 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   bool keepsWidth(const NMHDR& header) const;
   void noteDirty(int first, int last);
   void showSelection(int row);
+  void setRowState(int row, UINT state);
   void describe(LVITEMW& item);
   LRESULT draw(NMLVCUSTOMDRAW& drawing) const;
   void noteChange(const NMLISTVIEW& change);
@@ -50,6 +51,7 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   int toldCount_ = 0;
   int rowToShow_ = -1;
   bool selectionTold_ = false;
+  int selectedRow_ = -1;                  ///< in the control, as far as it tells
   std::pair<int, int> dirtyRows_{0, -1};  ///< first and last row to draw anew
   std::wstring cellText_;  ///< what the control is given to draw, until it asks for the next
   bool quiet_ = false;     ///< the program, not the user, changes the selection

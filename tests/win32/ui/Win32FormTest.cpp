@@ -69,6 +69,14 @@ TEST_F(Win32FormTest, ActivationGivesTheKeyboardBackToTheControlThatHadIt) {
   EXPECT_EQ(GetFocus(), windowOf(form.cmdNo));
 }
 
+TEST_F(Win32FormTest, AFormThatHadTheKeyboardWhileHiddenGivesItToItsControlWhenShown) {
+  form.cmdNo.setFocus();
+  SetActiveWindow(window());
+  ASSERT_EQ(GetFocus(), window());
+  form.show();
+  EXPECT_EQ(GetFocus(), windowOf(form.cmdNo));
+}
+
 TEST_F(Win32FormTest, FocusSetOnAnInactiveFormWaitsForItsActivation) {
   TestForm other;
   toolkit.open(other);

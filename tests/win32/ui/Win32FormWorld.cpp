@@ -82,6 +82,7 @@ class Win32FormWorld : public FormWorld {
     send(slider, WM_KEYUP, static_cast<WPARAM>(key));
   }
   void clickRow(ListView& list, int row) override {
+    send(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
     RECT at = itemRect(windowOf(list), row, LVIR_BOUNDS);
     at.right = at.left + 300;
     clickAt(windowOf(list), middleOf(at));
