@@ -179,6 +179,7 @@ void frmMain::load(const Rect& workArea) {
              std::min(kHeight, toTwips(workArea.height, twips.y))});
   layOut();
   services_.toolkit.open(*this);
+  lvPlayList.setFocus();
   const Rect face = windowRect();
   moveFace({workArea.left + (workArea.width - face.width) / 2,
             workArea.top + (workArea.height - face.height) / 2});

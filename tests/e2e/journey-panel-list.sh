@@ -45,6 +45,7 @@ answer_dialog() {
 }
 
 by_the_dialog() {
+  check "the list has the keyboard from the start" shows_within 5 focus lvPlayList
   check "添加 opens the system's dialog over the panel" open_add_dialog
   desktop_screenshot "$shots/dialog.png"
   answer_dialog '"film-1.mp4" "film-2.mp4"'
@@ -167,7 +168,8 @@ deleting() {
   check "nothing was deleted" shows count 503
 }
 
-# The rows move while the button is held: after half a second one each 150 ms, and one at the release.
+# The row moves while the button is held: after half a second once each 150 ms, and once at the
+# release. Where the machine is busy timers come late.
 holding_down() {
   local from held places expected
   click_row 0
@@ -181,7 +183,7 @@ holding_down() {
   places=$(player_shows selected)
   expected=$(((held - 500) / 150 + 1))
   found="$places places in $held ms, expected $expected"
-  ((places >= expected - 2 && places <= expected + 2)) && stays_selected "$places"
+  ((places >= expected * 6 / 10 && places <= expected + 2)) && stays_selected "$places"
 }
 stays_selected() {
   sleep 0.5

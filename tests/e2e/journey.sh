@@ -94,10 +94,10 @@ shows() {
 }
 shows_within() { player_wait "$1" shows "$2" "$3"; }
 is_full_screen_right() {
+  found="screen $(player_shows screen)"
   # No caption, system menu, sizing frame or boxes: no bit of 0xCF0000 is set.
-  [[ $(player_shows screen) =~ ^1280,0,1280,1024\ style\ ([0-9a-f]{8})\ visible$ ]] &&
-    ((16#${BASH_REMATCH[1]} & 0xCF0000)) && return 1
-  [[ $(player_shows screen) == 1280,0,1280,1024\ * ]]
+  [[ $found =~ ^screen\ 1280,0,1280,1024\ style\ ([0-9a-f]{8})\ visible$ ]] &&
+    ((!(16#${BASH_REMATCH[1]} & 0xCF0000)))
 }
 # The mean of a part of the desktop now.
 brightness() {

@@ -8,7 +8,8 @@
 //   volume N     move the volume slider
 //   pause N      do nothing for N milliseconds
 //   show         print what the panel and the playback window show, one "name value" a line
-//   where NAME   "x y width height" of that control on the screen, in pixels
+//   where NAME   "x y width height" of that control on the screen, in pixels; of the panel's inside
+//                when the name is its own, frmMain
 //   row-at N     "x y" of the middle of the name in row N (from 0) of the playlist
 //   tick-at N    "x y" of that row's check box
 //   cells N      that row's texts, " | " between them
@@ -92,10 +93,23 @@ void printPlace(const RECT& rect) {
               rect.bottom - rect.top);
 }
 
+/// A window without its frame.
+void printInside(HWND window) {
+  RECT rect{};
+  GetClientRect(window, &rect);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+  printPlace(rect);
+}
+
 void printPlace(HWND window) {
   RECT rect{};
   GetWindowRect(window, &rect);
   printPlace(rect);
+}
+
+void printWhere(const std::string& name) {
+  const PanelWindow panel;
+  name == "frmMain" ? printInside(panel.window()) : printPlace(panel.control(name));
 }
 
 void printWindow(const char* name, HWND window) {
@@ -275,7 +289,7 @@ void carryOut(const std::string& command) {
       {"volume", [] { slide("sldVolume", nextNumber()); }},
       {"pause", [] { Sleep(static_cast<DWORD>(nextNumber())); }},
       {"show", show},
-      {"where", [] { printPlace(PanelWindow().control(nextWord())); }},
+      {"where", [] { printWhere(nextWord()); }},
       {"row-at", [] { printRowAt(nextNumber()); }},
       {"tick-at", [] { printTickAt(nextNumber()); }},
       {"cells", [] { printCells("lvPlayList", nextNumber(), 3); }},

@@ -172,6 +172,8 @@ void Win32Form::changed(Aspect aspect) {
 
 void Win32Form::showOrHide() {
   ShowWindow(window_, form_.visible() ? showCommand(form_.windowState()) : SW_HIDE);
+  // The keyboard that came to a hidden window could not be passed on to a control.
+  if (form_.visible() && GetFocus() == window_) restoreFocus();
 }
 
 void Win32Form::bringToFront() {
