@@ -120,7 +120,7 @@ int runProgram() {
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            panel, [&panel, &displays] {
              panel.load(panelArea(displays));
-             panel.show();
+             panel.bringFaceToFront();
            }});
   loop.run();
   return 0;

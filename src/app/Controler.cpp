@@ -1,5 +1,7 @@
 #include "app/Controler.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "monitors/cMonitor.h"
 #include "monitors/cMonitors2.h"
@@ -192,8 +194,9 @@ void Controler::resetMainFrmPosiByMousePosi() {
   if (!monitor) return;
   const Rect face = panel_->faceRect();
   if (contains(*monitor, {face.left + face.width / 2, face.top + face.height / 2})) return;
-  panel_->moveFace({monitor->WorkLeft() + (monitor->WorkWidth() - face.width) / 2,
-                    monitor->WorkTop() + (monitor->WorkHeight() - face.height) / 2});
+  // Of a panel that is larger than the work area the upper left corner is to be seen.
+  panel_->moveFace({monitor->WorkLeft() + std::max(0, (monitor->WorkWidth() - face.width) / 2),
+                    monitor->WorkTop() + std::max(0, (monitor->WorkHeight() - face.height) / 2)});
 }
 
 void Controler::frmScreen_clickPopuMenu(std::int32_t code) {

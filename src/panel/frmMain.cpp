@@ -8,7 +8,7 @@
 namespace tessivo {
 namespace {
 
-constexpr std::int32_t kWidth = 10200;  // twips
+constexpr std::int32_t kWidth = 10500;  // twips
 constexpr std::int32_t kHeight = 7800;
 constexpr int kHideDeleteNoteMs = 5000;
 constexpr int kBeforeQuickMoveMs = 500;
@@ -152,6 +152,7 @@ void frmMain::initializeFace() {
   tsLists.addTab("播放列表");
   tsLists.addTab("错误日志");
   fillRules();
+  sldJinDu.setRange(0, 0);  // no item has a length yet
   setPlayButtonState(2);
   setMute(false);
   picJingFangYin.setToolTip("放/静音");
@@ -187,6 +188,13 @@ void frmMain::load(const Rect& workArea) {
 
 void frmMain::listenToWindow() {
   onResize.listen([this] { layOut(); });
+  onUnload.listen([this] {
+    for (ui::Timer* timer : {&timDelayHideDeleteNote, &timDelayQuickMoveItem, &timQuickMoveItem,
+                             &timDelaySetPLTabFace, &timDelaySetFrm, &timSetFangJingYinButton,
+                             &timRecordMainFaceWindowState, &timDelayCheckMeIsActive}) {
+      timer->setEnabled(false);
+    }
+  });
   onClose.listen([this] { controler_.exitSys(); });
   onEndSession.listen([this] { controler_.exitSys(); });
   onFilesDropped.listen([this](const ui::DroppedFiles& files) { dropFiles(files); });
@@ -246,8 +254,12 @@ bool frmMain::takeListKey(const ui::KeyPress& press) {
 }
 
 void frmMain::moveFace(Point upperLeft) {
+  const bool maximised = windowState() == ui::WindowState::maximised;
+  // A maximised window fills the monitor on which it would be otherwise.
+  if (maximised) setWindowState(ui::WindowState::normal);
   const Rect face = windowRect();
   setWindowPos({upperLeft.x, upperLeft.y, face.width, face.height});
+  if (maximised) setWindowState(ui::WindowState::maximised);
 }
 
 void frmMain::restoreFace() {

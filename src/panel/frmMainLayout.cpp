@@ -8,7 +8,7 @@ namespace tessivo {
 namespace {
 
 // Twips. One grid: a margin, a gap, one height for a line of controls and one for a line of text.
-constexpr std::int32_t kMinWidth = 9750;
+constexpr std::int32_t kMinWidth = 10050;
 constexpr std::int32_t kLowestHeight = 4300;  // exclusive, of the whole window
 constexpr std::int32_t kOnePixel = 15;
 constexpr std::int32_t kMargin = 150;
@@ -22,7 +22,7 @@ constexpr std::int32_t kStateWidth = 930;
 constexpr std::int32_t kSecondsWidth = 900;
 constexpr std::int32_t kTimeWidth = 840;
 constexpr std::int32_t kButtonWidth = 1380;
-constexpr std::int32_t kSmallButtonWidth = 1260;
+constexpr std::int32_t kSmallButtonWidth = 1170;
 constexpr std::int32_t kWideButtonWidth = 1590;
 constexpr std::int32_t kVolumeWidth = 1950;
 constexpr std::int32_t kRulerLabelWidth = 870;
@@ -31,9 +31,9 @@ constexpr std::int32_t kTabsWidth = 2700;
 constexpr std::int32_t kTabsHeight = 360;
 constexpr std::int32_t kErrNoteWidth = 1800;
 constexpr std::int32_t kSignWidth = 270;
-constexpr std::int32_t kTickWidth = 1020;
+constexpr std::int32_t kTickWidth = 960;
 constexpr std::int32_t kCountLabelWidth = 660;
-constexpr std::int32_t kCountWidth = 660;
+constexpr std::int32_t kCountWidth = 630;
 constexpr std::int32_t kBorderHeight = 90;
 constexpr std::int32_t kBelowSeparator = 30;  ///< left of the window when the playlist is hidden
 
@@ -44,7 +44,7 @@ std::int32_t middle(std::int32_t top, std::int32_t lineHeight, std::int32_t heig
 }  // namespace
 
 void frmMain::layOut() {
-  setMinimumSize(kMinWidth, playListHidden_ ? 0 : kLowestHeight + 1);
+  setMinimumSize(kMinWidth, playListHidden_ ? maximumHeight() : kLowestHeight + 1);
   const std::int32_t right = scaleWidth() - kMargin;
   layOutTransport(right);
   layOutLists(right);

@@ -94,6 +94,7 @@ void frmMain::releaseProgress() {
   if (!draggingProgress_) return;
   controler_.setJinDu(sldJinDu.value());
   draggingProgress_ = false;
+  sldJinDu.setToolTip("");
 }
 
 /// Shows where the thumb is without going there.
@@ -144,7 +145,8 @@ void frmMain::changeRule() {
 
 void frmMain::stepRecycleMode() {
   SysConfig& config = controler_.config();
-  config.lngRecyclePlayType(config.lngRecyclePlayType() % 3 + 1);
+  const std::int32_t type = config.lngRecyclePlayType();
+  config.lngRecyclePlayType(type == 1 || type == 2 ? type + 1 : 1);
   showRecycleMode();
 }
 

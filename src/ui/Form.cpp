@@ -108,6 +108,8 @@ void Form::setTopmost(bool topmost) {
   if (topmost_ == topmost) return;
   topmost_ = topmost;
   if (peer()) formPeer()->topmostChanged();
+  // Dialogs stay above their owner.
+  for (Form* form : owned_) form->setTopmost(topmost);
 }
 
 void Form::activate() {

@@ -40,10 +40,11 @@ HBRUSH FormContext::brush(COLORREF colour) {
 
 HWND FormContext::toolTips() {
   if (!toolTips_) {
-    // Owned by the form's window and destroyed with it.
+    // Not owned by the form's window: the system may treat an owner's order on the screen as that
+    // of what it owns.
     toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, form, nullptr,
-                                GetModuleHandleW(nullptr), nullptr);
+                                WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, nullptr,
+                                nullptr, GetModuleHandleW(nullptr), nullptr);
     constexpr int kMaxWidth = 600;
     SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, kMaxWidth);
     SendMessageW(toolTips_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_->plain()), FALSE);
@@ -51,8 +52,12 @@ HWND FormContext::toolTips() {
   return toolTips_;
 }
 
+void FormContext::dropToolTips() {
+  if (toolTips_) DestroyWindow(std::exchange(toolTips_, nullptr));
+}
+
 void FormContext::setToolTip(HWND control, const std::string& text) {
-  if (text.empty() && !toolTips_) return;
+  if (!form || (text.empty() && !toolTips_)) return;
   std::wstring wide = toWide(text);
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V2_SIZE;  // what every version of the library takes

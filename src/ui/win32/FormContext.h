@@ -53,6 +53,8 @@ class FormContext {
 
   /// Gives the control's window a tool tip; an empty text takes it away.
   void setToolTip(HWND control, const std::string& text);
+  /// The form's window is going.
+  void dropToolTips();
 
   HWND form = nullptr;
   /// The window that gets the keyboard when the form is activated next; may be gone.

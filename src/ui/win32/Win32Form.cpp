@@ -149,6 +149,7 @@ void Win32Form::changed(Aspect aspect) {
   const Rect at = toPixels(form_.bounds(), context_->twips());
   switch (aspect) {
     case Aspect::bounds:
+      if (IsIconic(window_)) return placeMinimised(at);
       SetWindowPos(window_, nullptr, at.left, at.top, at.width, at.height,
                    SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOACTIVATE);
       return;
@@ -168,6 +169,17 @@ void Win32Form::changed(Aspect aspect) {
     default:
       return;
   }
+}
+
+/// Where a minimised window will be when it is restored. The place stays, its size may change.
+void Win32Form::placeMinimised(const Rect& pixels) {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window_, &placement);
+  RECT& normal = placement.rcNormalPosition;
+  normal.right = normal.left + pixels.width;
+  normal.bottom = normal.top + pixels.height;
+  SetWindowPlacement(window_, &placement);
 }
 
 void Win32Form::showOrHide() {
@@ -197,7 +209,7 @@ void Win32Form::windowStateChanged() {
 
 void Win32Form::topmostChanged() {
   SetWindowPos(window_, form_.topmost() ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void Win32Form::frameStyleChanged() {
@@ -225,8 +237,18 @@ Rect Win32Form::innerSize() const {
 
 void Win32Form::activate() {
   if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
-  SetForegroundWindow(window_);
-  bringToFront();  // the foreground need not be in front where a window manager has its own mind
+  // While a dialog is up over the form, the keyboard is the dialog's.
+  const HWND dialog = IsWindowEnabled(window_) ? nullptr : GetLastActivePopup(window_);
+  const HWND target = dialog && IsWindowEnabled(dialog) ? dialog : window_;
+  SetForegroundWindow(target);
+  constexpr UINT kStay = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+  if (GetForegroundWindow() != target && !form_.topmost()) {
+    // The system did not give a program in the background the foreground: be seen at least.
+    SetWindowPos(target, HWND_TOPMOST, 0, 0, 0, 0, kStay);
+    SetWindowPos(target, HWND_NOTOPMOST, 0, 0, 0, 0, kStay);
+  }
+  // The foreground need not be in front where a window manager has its own mind.
+  SetWindowPos(target, HWND_TOP, 0, 0, 0, 0, kStay);
 }
 
 MenuItem* Win32Form::popupMenu(MenuItem& menu, std::optional<Point> at) {
@@ -273,6 +295,7 @@ LRESULT CALLBACK Win32Form::windowProc(HWND window, UINT message, WPARAM wParam,
   if (message == WM_NCDESTROY) {
     form->window_ = nullptr;
     form->context_->form = nullptr;
+    form->context_->dropToolTips();
     return DefWindowProcW(window, message, wParam, lParam);
   }
   const auto context = form->context_;

@@ -56,6 +56,7 @@ class Win32Form : public FormPeer {
   void create();
   void takeResolution();
   void changeResolution(UINT dpi, const RECT& suggested);
+  void placeMinimised(const Rect& pixels);
   void showOrHide();
   void notePlacement();
   void noteActivation(bool active);

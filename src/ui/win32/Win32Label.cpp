@@ -34,10 +34,12 @@ void Win32Label::apply(Aspect aspect) {
 }
 
 void Win32Label::carryOver() {
-  // The system's control would paint a new text at once, in its own way.
-  send(WM_SETREDRAW, FALSE);
+  // The system's control would paint a new text at once, in its own way. Redrawing is not switched
+  // off for a hidden one: switching it on again would show it.
+  const bool shown = (GetWindowLongPtrW(window(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (shown) send(WM_SETREDRAW, FALSE);
   SetWindowTextW(window(), toWide(model_.caption()).c_str());
-  send(WM_SETREDRAW, TRUE);
+  if (shown) send(WM_SETREDRAW, TRUE);
   if (window()) InvalidateRect(window(), nullptr, FALSE);
 }
 

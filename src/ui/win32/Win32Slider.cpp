@@ -29,7 +29,11 @@ void Win32Slider::apply(Aspect aspect) {
 
 LRESULT Win32Slider::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_LBUTTONDOWN) return press(window, wParam, lParam);
-  return ControlWindow::handle(window, message, wParam, lParam);
+  const auto alive = input().alive();
+  const LRESULT result = ControlWindow::handle(window, message, wParam, lParam);
+  // The wheel moves the thumb at one go; not every system says so.
+  if (*alive && message == WM_MOUSEWHEEL) model_.commit();
+  return result;
 }
 
 /// Brings the thumb under the pointer first, so that the system begins to drag it.
