@@ -38,10 +38,21 @@ void SlicedWork::proceed(std::uint64_t endMs) {
   const bool outerStep = std::exchange(inStep_, true);
   while (!waiting_.empty()) {
     const auto step = waiting_.front();
-    const bool more = (*step)();
-    if (!*alive) return;
-    const bool stillFirst = !waiting_.empty() && waiting_.front() == step;
-    if (!more && stillFirst) waiting_.pop_front();
+    const auto drop = [this, &step] {
+      if (!waiting_.empty() && waiting_.front() == step) waiting_.pop_front();
+    };
+    try {
+      const bool more = (*step)();
+      if (!*alive) return;
+      if (!more) drop();
+    } catch (...) {
+      // Whoever guards the event logs it; what fails is not tried again, the other work goes on.
+      if (!*alive) throw;
+      drop();
+      inStep_ = outerStep;
+      timNextSlice_.setEnabled(isRunning());
+      throw;
+    }
     if (clock_.ticksMs() >= endMs) break;
   }
   inStep_ = outerStep;

@@ -18,7 +18,7 @@ namespace tessivo {
 class SlicedWork {
  public:
   /// How long a slice lasts; its last step may take longer.
-  static constexpr std::uint64_t kSliceMs = 25;
+  static constexpr std::uint64_t kSliceMs = 24;
 
   /// Does one small piece and tells whether there is more. A step may call anything here and may
   /// destroy this object. One that calls `finish`, or lets a message loop run that does, is called

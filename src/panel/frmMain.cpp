@@ -242,9 +242,9 @@ bool frmMain::takeListKey(const ui::KeyPress& press) {
   if (press.code == kLetterA && press.control) {
     tickAll();
   } else if (press.code == kEnter) {
-    if (lvPlayList.selected() >= 0) playRow(lvPlayList.selected());
+    if (!press.repeated && lvPlayList.selected() >= 0) playRow(lvPlayList.selected());
   } else if (press.code == kDelete) {
-    deleteTicked();
+    if (!press.repeated) deleteTicked();
   } else if (press.code == kMenuKey) {
     openEntryMenuByKey();
   } else {

@@ -204,7 +204,7 @@ class frmMain : public ui::Form, public PanelFace {
   void deleteTicked();
   bool deleteNext();
   void endDeleting();
-  void deleteSelectedEntry();
+  void deleteEntry(const std::string& key);
   void clearPL();
   void showWork();
 

@@ -26,7 +26,7 @@ void frmMain::playErrEventProcess(const std::string& reason) {
       controler_.lngGetIndexByItemFlag(key) == controler_.lngGetPlayListItemCount();
   // The user may have gone to another row since the item was started; that one is not to go.
   selectPLItemByKey(key);
-  deleteSelectedEntry();
+  deleteEntry(key);
   logError(reason, path);
   if (playListHidden_) hideOrShowPL();
   picPlayErrNote.setVisible(true);

@@ -21,6 +21,7 @@ void frmMain::addFiles(bool play) {
 }
 
 void frmMain::dropFiles(const ui::DroppedFiles& files) {
+  if (!enabled()) return;  // a dialog is up
   if (files.count() > kMostDroppedFiles) return notice("您选择的文件数量太多！");
   std::vector<std::string> paths{""};
   for (std::uint32_t i = 0; i < files.count(); ++i) paths.push_back(files.path(i));
@@ -47,6 +48,7 @@ void frmMain::deleteTicked() {
   keysCollected_ += ticked.size();
   keysToDelete_.insert(keysToDelete_.end(), ticked.begin(), ticked.end());
   if (!deleting_.isRunning()) deleting_.run([this] { return deleteNext(); });
+  lvPlayList.setFocus();
 }
 
 bool frmMain::deleteNext() {
@@ -55,7 +57,7 @@ bool frmMain::deleteNext() {
     keysToDelete_.pop_front();
     if (const int row = lvPlayList.indexOf(key); row >= 0) {
       lvPlayList.select(row);
-      deleteSelectedEntry();
+      deleteEntry(key);
     }
   }
   if (!keysToDelete_.empty()) return true;
@@ -67,18 +69,19 @@ void frmMain::endDeleting() {
   keysCollected_ = 0;
   showWork();
   if (chkToDeleteAll.checked()) setDeleteAll(false);
-  lvPlayList.setFocus();
 }
 
-void frmMain::deleteSelectedEntry() {
-  const int row = lvPlayList.selected();
+void frmMain::deleteEntry(const std::string& key) {
+  const int row = lvPlayList.indexOf(key);
   if (row < 0) return;
   const bool wasPlayItem = lvPlayList.row(row).tag == "1";
   MoviePtr next;
-  controler_.deleteAItemFromPL(lvPlayList.row(row).key, next);
-  lvPlayList.remove(row);
+  controler_.deleteAItemFromPL(key, next);
+  // An engine that is given another path may let messages through: the row may lie elsewhere now.
+  lvPlayList.remove(lvPlayList.indexOf(key));
   showFileCount();
   if (!next) {
+    if (controler_.lngGetPlayListItemCount() > 0) return;
     stop();
     controler_.setFilePath("");
     return;

@@ -38,7 +38,8 @@ void frmMain::listenToList() {
 void frmMain::listenToMoving() {
   const auto repeats = [this](ui::Button& button, int direction, const char* tag) {
     button.onClick.listen([this, direction] { moveSelected(direction); });
-    button.onMouseDown.listen([this, tag](const ui::MouseEvent&) {
+    button.onMouseDown.listen([this, tag](const ui::MouseEvent& event) {
+      if (event.button != MouseButton::left) return;
       timDelayQuickMoveItem.setEnabled(true);
       timQuickMoveItem.setTag(tag);
     });
@@ -118,6 +119,7 @@ void frmMain::openEntryMenu(const ui::MouseEvent& event) {
 void frmMain::openEntryMenuByKey() {
   const int row = lvPlayList.selected();
   if (row < 0) return;
+  lvPlayList.ensureVisible(row);
   const Rect& page = picPlayListBackGround.bounds();
   listMouseY_ = lvPlayList.topOf(row) + 1;
   const std::int32_t y = std::clamp(listMouseY_, 0, lvPlayList.bounds().height);

@@ -50,7 +50,9 @@ void frmMain::listenToTransport() {
 }
 
 void frmMain::listenToSliders() {
-  sldJinDu.onMouseDown.listen([this](const ui::MouseEvent&) { draggingProgress_ = true; });
+  sldJinDu.onMouseDown.listen([this](const ui::MouseEvent& event) {
+    if (event.button == MouseButton::left) draggingProgress_ = true;
+  });
   sldJinDu.onKeyDown.listen([this](ui::KeyCode key) {
     if (movesSlider(key)) draggingProgress_ = true;
   });

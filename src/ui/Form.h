@@ -45,6 +45,7 @@ class FormPeer : public Peer {
 struct KeyPress {
   KeyCode code = 0;
   bool control = false;            ///< the Ctrl key is down
+  bool repeated = false;           ///< the key is held
   const Control* focus = nullptr;  ///< where it goes; nothing: to the form itself
   bool handled = false;            ///< set by a listener: it goes no further
 };

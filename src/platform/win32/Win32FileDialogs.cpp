@@ -79,6 +79,7 @@ OpenFilesAnswer Win32FileDialogs::ask(const OpenFilesRequest& request) {
   if (GetOpenFileNameW(&dialog)) {
     const std::wstring text = chosenText(buffer);
     if (text.size() >= length) return {FileDialogOutcome::tooMany, {}};
+    if (text.empty()) return {FileDialogOutcome::cancelled, {}};  // ended together with the program
     return {FileDialogOutcome::chosen, fromWide(text)};
   }
 

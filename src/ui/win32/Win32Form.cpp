@@ -261,12 +261,14 @@ MenuItem* Win32Form::popupMenu(MenuItem& menu, std::optional<Point> at) {
   return runPopupMenu(window_, form_.clickActivates(), menu, screen);
 }
 
-bool Win32Form::pressKey(const Control* focus, KeyCode key) {
+bool Win32Form::pressKey(const Control* focus, KeyCode key, bool repeated) {
   const auto context = context_;
   const FormContext::Dispatch dispatch(context);
   const bool control = (GetKeyState(VK_CONTROL) & 0x8000) != 0;
   bool handled = false;
-  guarded(context->log(), [&] { handled = form_.pressKey({key, control, focus, false}); });
+  guarded(context->log(), [&] {
+    handled = form_.pressKey({key, control, repeated, focus, false});
+  });
   return handled;
 }
 

@@ -29,7 +29,7 @@ class Win32Form : public FormPeer {
   void moveFocus(const Control* current, bool backwards);
   /// A key, or a letter with Alt, before it goes to the control that has the keyboard; whether the
   /// form has dealt with it. Both may end the life of this object.
-  bool pressKey(const Control* focus, KeyCode key);
+  bool pressKey(const Control* focus, KeyCode key, bool repeated);
   bool pressMnemonic(char32_t letter);
   HWND window() const { return window_; }
 

@@ -127,10 +127,19 @@ void Win32ListView::carryOver() {
   const auto [first, last] = std::exchange(dirtyRows_, std::pair(0, -1));
   if (last >= count && window()) {
     InvalidateRect(window(), nullptr, TRUE);
-  } else if (first <= last) {
-    send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last);
+  } else {
+    redrawRows(first, last);
   }
   quiet_ = false;
+}
+
+/// Those in sight: the control would visit all the others, too.
+void Win32ListView::redrawRows(int first, int last) {
+  const auto top = static_cast<int>(send(LVM_GETTOPINDEX));
+  const auto page = static_cast<int>(send(LVM_GETCOUNTPERPAGE)) + 1;
+  first = std::max(first, top);
+  last = std::min(last, top + page);
+  if (first <= last) send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last);
 }
 
 void Win32ListView::showSelection(int row) {
@@ -216,6 +225,14 @@ std::optional<LRESULT> Win32ListView::onNotify(NMHDR& header) {
     case static_cast<UINT>(NM_RCLICK):
       rightClick(reinterpret_cast<const NMITEMACTIVATE&>(header));
       return 1;
+    case LVN_BEGINDRAG:
+    case LVN_BEGINRDRAG:
+      // A press that becomes a drag is no click, but selects all the same.
+      model_.clickRow(reinterpret_cast<const NMLISTVIEW&>(header).iItem);
+      return 0;
+    case LVN_ODFINDITEMW:
+    case LVN_ODFINDITEMA:
+      return -1;  // typing letters finds nothing: the first column has no text
     case LVN_KEYDOWN:
       if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_SPACE) tickWithKey();
       return 0;

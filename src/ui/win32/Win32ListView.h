@@ -36,6 +36,7 @@ class Win32ListView : public ControlPeer<ListViewPeer> {
   bool hasRow(int row) const { return row >= 0 && row < model_.rowCount(); }
   bool keepsWidth(const NMHDR& header) const;
   void noteDirty(int first, int last);
+  void redrawRows(int first, int last);
   void showSelection(int row);
   void setRowState(int row, UINT state);
   void describe(LVITEMW& item);

@@ -60,6 +60,8 @@ class PeerMaker : public ControlVisitor {
   std::shared_ptr<FormContext> context_;
 };
 
+constexpr LPARAM kWasDown = 1 << 30;  ///< of a key message: the key was down before
+
 HWND windowOf(const Form& form) {
   return reinterpret_cast<HWND>(form.nativeHandle());
 }
@@ -125,7 +127,11 @@ void Win32Toolkit::showModal(Form& dialog) {
   const bool switchesOff = owner && owner->enabled();
   open(dialog);
   if (!dialog.isOpen()) return;
-  if (owner) centreOver(windowOf(*owner), windowOf(dialog));
+  if (owner) {
+    // Twice: coming to a monitor of another resolution changes its size.
+    centreOver(windowOf(*owner), windowOf(dialog));
+    centreOver(windowOf(*owner), windowOf(dialog));
+  }
   // Before the dialog goes: else the system would activate a window of another program.
   const Connection switchOn = dialog.onUnload.connect([&] {
     if (switchesOff) owner->setEnabled(true);
@@ -134,6 +140,7 @@ void Win32Toolkit::showModal(Form& dialog) {
   dialog.show();
   dialog.activate();
   runUntilGone(dialog);
+  if (dialog.isOpen()) dialog.unload();  // only its window has gone
 }
 
 bool Win32Toolkit::translate(const MSG& message) {
@@ -144,7 +151,8 @@ bool Win32Toolkit::translate(const MSG& message) {
     return form->pressMnemonic(static_cast<char32_t>(message.wParam));
   }
   const Control* const focus = ControlWindow::modelOf(message.hwnd);
-  if (form->pressKey(focus, static_cast<KeyCode>(message.wParam))) return true;
+  const bool repeated = (message.lParam & kWasDown) != 0;
+  if (form->pressKey(focus, static_cast<KeyCode>(message.wParam), repeated)) return true;
   if (Win32Form::of(message.hwnd) != form) return true;  // gone meanwhile
   if (message.wParam == VK_TAB && !(GetKeyState(VK_CONTROL) & 0x8000)) {
     form->moveFocus(ControlWindow::modelOf(GetFocus()), GetKeyState(VK_SHIFT) & 0x8000);

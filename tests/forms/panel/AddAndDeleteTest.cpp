@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "forms/panel/PanelFixture.h"
 #include "panel/AddFilesDialog.h"
 
@@ -276,6 +278,56 @@ TEST_F(DeleteTest, LeavingTheProgramCompletesADeletionUnderWay) {
   world->click(main.cmdPLDelete);
   main.close();
   EXPECT_EQ(playList.lngListCount(), 0);
+}
+
+TEST_F(DeleteTest, ARowThatMovesWhileItIsDeletedIsTheOneThatGoes) {
+  addThree();
+  world->tickRow(main.lvPlayList, 0);
+  bool moved = false;
+  // An engine that is given the next path lets a move through.
+  real().whenSourced = [&] {
+    if (!std::exchange(moved, true)) main.lvPlayList.swapWithNext(0);
+  };
+  world->click(main.cmdPLDelete);
+  EXPECT_TRUE(moved);
+  EXPECT_EQ(rows(), "b1b! c0 ");
+}
+
+TEST_F(DeleteTest, ARowThatTheListDoesNotKnowGoesAndPlaybackGoesOn) {
+  startFirst();
+  Movie stranger(keys);
+  stranger.strFileName = "x.avi";
+  main.AddAMovieToFaceList(stranger);
+  world->tickRow(main.lvPlayList, 3);
+  world->click(main.cmdPLDelete);
+  EXPECT_EQ(world->rowCount(main.lvPlayList), 3);
+  EXPECT_EQ(screen.lngState(), playState::kPlaying);
+  EXPECT_EQ(screen.strFilePath(), "C:\\v\\a.avi");
+}
+
+TEST_F(DeleteTest, TheEndOfALongDeletionTakesTheKeyboardFromNobody) {
+  addMany(300);
+  world->click(main.chkToDeleteAll);
+  real().whenSourced = [this] { time.skip(1); };
+  world->click(main.cmdPLDelete);
+  EXPECT_TRUE(world->hasFocus(main.lvPlayList));
+  world->chooseTab(main.tsLists, 2);
+  time.advance(1000);
+  EXPECT_EQ(world->rowCount(main.lvPlayList), 0);
+  EXPECT_TRUE(world->hasFocus(main.lvPlayErrLogList));
+}
+
+TEST_F(AddFilesTest, WhileADialogIsUpADropIsRefused) {
+  int dialogs = 0;
+  world->answerDialogs([&](ui::Form& form) {
+    ++dialogs;
+    world->drop(main, {"C:\\v\\a.avi"});
+    world->drop(main, std::vector<std::string>(501, "C:\\v\\b.avi"));
+    form.close();
+  });
+  world->drop(main, std::vector<std::string>(501, "C:\\v\\b.avi"));
+  EXPECT_EQ(dialogs, 1);
+  EXPECT_EQ(rows(), "");
 }
 
 }  // namespace

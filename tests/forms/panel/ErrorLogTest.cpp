@@ -222,5 +222,14 @@ TEST_F(ErrorLogTest, EveryErrorIsARowOfItsOwnInOrder) {
   EXPECT_EQ(world->selectedRow(main.lvPlayErrLogList), 1);
 }
 
+TEST_F(ErrorLogTest, AFailedItemWithoutARowTakesNoOtherRowAlong) {
+  startFirst();
+  main.lvPlayList.remove(0);
+  main.lvPlayList.select(0);
+  fails();
+  EXPECT_EQ(world->rowCount(main.lvPlayList), 2);
+  EXPECT_EQ(world->text(main.labPlayErrLogCount), "1");
+}
+
 }  // namespace
 }  // namespace tessivo

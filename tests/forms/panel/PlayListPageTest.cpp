@@ -384,5 +384,21 @@ TEST_F(PlayListPageTest, ControlsWithoutATextHaveANameForScreenReaders) {
   }
 }
 
+TEST_F(PlayListPageTest, OnlyTheLeftButtonRepeatsTheMove) {
+  addThree();
+  main.cmdPLDown.mouseDown({MouseButton::right, 15, 15});
+  EXPECT_FALSE(main.timDelayQuickMoveItem.enabled());
+}
+
+TEST_F(PlayListPageTest, AKeyThatIsHeldPlaysAndDeletesOnce) {
+  startFirst();
+  world->tickRow(main.lvPlayList, 1);
+  main.pressKey({46, false, true, &main.lvPlayList, false});
+  EXPECT_EQ(rows(), "a1b b0+! c0 ");
+  main.pressKey({13, false, true, &main.lvPlayList, false});
+  EXPECT_EQ(rows(), "a1b b0+! c0 ");
+  EXPECT_EQ(screen.lngState(), playState::kPlaying);
+}
+
 }  // namespace
 }  // namespace tessivo

@@ -435,5 +435,33 @@ TEST_F(TransportTest, ClosingThePanelLeavesTheProgram) {
   EXPECT_NE(trace.take().find("quit"), std::string::npos);
 }
 
+TEST_F(TransportTest, TheRightButtonDoesNotHoldTheSlider) {
+  startFirst();
+  main.sldJinDu.mouseDown({MouseButton::right, 15, 15});
+  real().positionChange.raise(10000, 200000);
+  EXPECT_EQ(world->position(main.sldJinDu), 10);
+}
+
+TEST_F(TransportTest, ALoopModeThatDoesNotExistIsFollowedByTheFirst) {
+  for (const std::int32_t type : {-2, 0, 4}) {
+    controler.config().lngRecyclePlayType(type);
+    world->click(main.cmdRecyclePlayPL);
+    EXPECT_EQ(controler.config().lngRecyclePlayType(), 1) << type;
+  }
+}
+
+TEST_F(TransportTest, BeforeAnythingHasPlayedThereIsNoLength) {
+  EXPECT_EQ(main.lngGetMovieLen(), 0);
+  EXPECT_EQ(main.lngGetJinDu(), 0);
+}
+
+TEST_F(TransportTest, WithThePanelItsTimersGo) {
+  const std::size_t before = time.running();
+  main.unload();
+  EXPECT_LE(time.running() + 2, before);
+  EXPECT_FALSE(main.timSetFangJingYinButton.enabled());
+  EXPECT_FALSE(main.timRecordMainFaceWindowState.enabled());
+}
+
 }  // namespace
 }  // namespace tessivo

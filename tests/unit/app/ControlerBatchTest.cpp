@@ -10,7 +10,7 @@ class ControlerBatchTest : public ControlerFixture {
   void SetUp() override {
     ControlerFixture::SetUp();
     for (char name = 'a'; name <= 'z'; ++name) files.existing.insert(path(name));
-    panel.whileAddingRow = [this] { time.advance(15); };
+    panel.whileAddingRow = [this] { time.advance(SlicedWork::kSliceMs / 3); };
   }
   static std::string path(char name) { return std::string("C:\\v\\") + name + ".avi"; }
   void add(const std::string& names, bool play = false) {

@@ -91,11 +91,11 @@ TEST_F(ControlerScreensTest, APanelWhoseMiddleIsOnThePointersMonitorStays) {
   EXPECT_EQ(trace.take(), "");
 }
 
-TEST_F(ControlerScreensTest, APanelLargerThanTheMonitorsWorkAreaIsCentredOverIt) {
+TEST_F(ControlerScreensTest, OfAPanelLargerThanTheMonitorsWorkAreaTheUpperLeftCornerIsSeen) {
   displays.add({4000, 0, 300, 240});  // work area 300 x 200
   pointer.at = {4100, 100};
   controler.resetMainFrmPosiByMousePosi();
-  EXPECT_EQ(trace.take(), "panel to 3950,-50");
+  EXPECT_EQ(trace.take(), "panel to 4000,0");
 }
 
 TEST_F(ControlerScreensTest, AVolumeSetWhileMutedIsKeptAndTheSoundStaysOff) {

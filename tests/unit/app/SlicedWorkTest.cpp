@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "fakes/VirtualTime.h"
 
 namespace tessivo {
@@ -10,7 +12,7 @@ namespace {
 class SlicedWorkTest : public testing::Test {
  protected:
   /// A step that takes `ms` and has more to do until it has been called `times` times.
-  SlicedWork::Step steps(char name, int times, int ms = 10) {
+  SlicedWork::Step steps(char name, int times, int ms = SlicedWork::kSliceMs / 4) {
     return [this, name, ms, left = std::make_shared<int>(times)] {
       const bool more = --*left > 0;
       done += name;
@@ -204,6 +206,17 @@ TEST_F(SlicedWorkTest, DestroyingItDropsWhatWaits) {
   work.reset();
   EXPECT_EQ(nextSlice(), "");
   EXPECT_EQ(time.running(), 0U);
+}
+
+TEST_F(SlicedWorkTest, AStepThatThrowsIsDroppedAndTheOtherWorkGoesOn) {
+  work->run(steps('a', 6));
+  work->run([]() -> bool { throw std::runtime_error("no"); });
+  work->run(steps('b', 2));
+  EXPECT_EQ(take(), "aaaa");
+  EXPECT_THROW(time.advance(1), std::runtime_error);
+  EXPECT_EQ(take(), "aa");
+  EXPECT_EQ(nextSlice(), "bb");
+  EXPECT_FALSE(work->isRunning());
 }
 
 }  // namespace

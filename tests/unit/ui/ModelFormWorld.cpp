@@ -90,7 +90,7 @@ class ModelFormWorld : public FormWorld {
   void mouseMove(Control& control, const MouseEvent& at) override { control.mouseMove(at); }
   void mouseUp(Control& control, const MouseEvent& at) override { control.mouseUp(at); }
   void key(Form& form, Control& focus, KeyCode code, bool control) override {
-    if (form.pressKey({code, control, &focus, false})) return;
+    if (form.pressKey({code, control, false, &focus, false})) return;
     focus.keyDown(code);
     const bool clicks = code == ' ' || code == '\r';
     const bool clickable = dynamic_cast<Button*>(&focus) || dynamic_cast<PictureBox*>(&focus);

@@ -136,5 +136,49 @@ TEST_F(Win32ListViewTest, HundredThousandRowsComeOneByOneWithoutDelay) {
   EXPECT_LT(took, 60000U);
 }
 
+TEST_F(Win32ListViewTest, OfRowsThatLieFarApartOnlyThoseInSightAreDrawnAnew) {
+  addRows(5000);
+  form.show();
+  handleWaiting();
+  static int asked = 0;
+  asked = 0;
+  const SUBCLASSPROC watch = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                DWORD_PTR) -> LRESULT {
+    if (message == LVM_REDRAWITEMS) asked = static_cast<int>(lParam - static_cast<LPARAM>(wParam));
+    return DefSubclassProc(window, message, wParam, lParam);
+  };
+  SetWindowSubclass(list(), watch, 99, 0);
+  form.lvRows.setTagAndBold(0, "1", true);
+  form.lvRows.setTagAndBold(4999, "1", true);
+  handleWaiting();
+  RemoveWindowSubclass(list(), watch, 99);
+  EXPECT_LE(asked, static_cast<int>(SendMessageW(list(), LVM_GETCOUNTPERPAGE, 0, 0)) + 1);
+}
+
+TEST_F(Win32ListViewTest, ALetterSelectsNoOtherRow) {
+  addRows(5);
+  form.show();
+  form.activate();
+  form.lvRows.setFocus();
+  form.lvRows.select(3);
+  handleWaiting();
+  constexpr LPARAM kScanCodeOfX = 0x2D0001;
+  SendMessageW(list(), WM_CHAR, 'x', kScanCodeOfX);
+  EXPECT_EQ(form.lvRows.selected(), 3);
+}
+
+TEST_F(Win32ListViewTest, APressThatBecomesADragSelectsItsRow) {
+  addRows(5);
+  NMLISTVIEW drag{};
+  drag.hdr.hwndFrom = list();
+  drag.iItem = 2;
+  for (const UINT code : {LVN_BEGINDRAG, LVN_BEGINRDRAG}) {
+    form.lvRows.select(0);
+    drag.hdr.code = code;
+    SendMessageW(GetParent(list()), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&drag));
+    EXPECT_EQ(form.lvRows.selected(), 2);
+  }
+}
+
 }  // namespace
 }  // namespace tessivo::ui
