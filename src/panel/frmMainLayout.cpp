@@ -137,6 +137,7 @@ void frmMain::hideOrShowPL() {
     setMinimumSize(kMinWidth, 0);
     setHeight(low);
     setMaximumHeight(height());
+    setMinimumSize(kMinWidth, height());
   }
   timDelaySetFrm.setEnabled(true);
 }

@@ -62,6 +62,8 @@ Win32Form::Win32Form(Form& form, std::shared_ptr<FormContext> context)
 
 Win32Form::~Win32Form() {
   if (window_) SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  context_->form = nullptr;
+  context_->dropToolTips();
   context_->destroy(window_);
 }
 
