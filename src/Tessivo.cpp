@@ -1,8 +1,7 @@
 // Entry point and composition root: builds every object, wires them, runs the message loop.
 #include <windows.h>
-// After windows.h, which they need:
+// After windows.h, which it needs:
 #include <ole2.h>
-#include <shlobj.h>
 
 #include <memory>
 #include <string>
@@ -59,15 +58,6 @@ class ComApartment {
 void restrictLibrarySearch() {
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
   SetDllDirectoryW(L"");
-}
-
-std::string localDataFolder() {
-  PWSTR folder = nullptr;
-  const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &folder);
-  std::string path = SUCCEEDED(result) ? fromWide(folder) + "\\Tessivo" : "";
-  CoTaskMemFree(folder);
-  if (!path.empty()) CreateDirectoryW(toWide(path).c_str(), nullptr);
-  return path;
 }
 
 /// Beside the database, or in the user's own folder where the program's may not be written.

@@ -1,6 +1,8 @@
 #include "platform/win32/ProgramFolder.h"
 
 #include <windows.h>
+// After windows.h, which it needs:
+#include <shlobj.h>
 
 #include "platform/CommandLineText.h"
 #include "platform/win32/WindowsText.h"
@@ -23,6 +25,15 @@ std::string programFolder() {
 
 std::string commandLineArguments() {
   return std::string(argumentText(fromWide(GetCommandLineW())));
+}
+
+std::string localDataFolder() {
+  PWSTR folder = nullptr;
+  const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &folder);
+  std::string path = SUCCEEDED(result) ? fromWide(folder) + "\\Tessivo" : "";
+  CoTaskMemFree(folder);
+  if (!path.empty()) CreateDirectoryW(toWide(path).c_str(), nullptr);
+  return path;
 }
 
 }  // namespace tessivo

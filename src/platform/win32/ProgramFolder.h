@@ -14,4 +14,8 @@ std::string programPath();
 /// the blanks before it.
 std::string commandLineArguments();
 
+/// The user's own folder for the program's files, made when it is not there; empty when the system
+/// names none.
+std::string localDataFolder();
+
 }  // namespace tessivo

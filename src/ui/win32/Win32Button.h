@@ -7,7 +7,7 @@
 namespace tessivo::ui {
 
 /// A system push button, with a picture before its text where it has one.
-class Win32Button : public ControlPeer<> {
+class Win32Button final : public ControlPeer<> {
  public:
   Win32Button(Button& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

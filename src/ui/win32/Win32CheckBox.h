@@ -6,7 +6,7 @@
 namespace tessivo::ui {
 
 /// A system check box. It does not flip by itself: the model does, and the box follows.
-class Win32CheckBox : public ControlPeer<> {
+class Win32CheckBox final : public ControlPeer<> {
  public:
   Win32CheckBox(CheckBox& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

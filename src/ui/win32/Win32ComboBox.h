@@ -6,7 +6,7 @@
 namespace tessivo::ui {
 
 /// A system drop-down list.
-class Win32ComboBox : public ControlPeer<> {
+class Win32ComboBox final : public ControlPeer<> {
  public:
   Win32ComboBox(ComboBox& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

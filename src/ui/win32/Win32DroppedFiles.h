@@ -10,7 +10,7 @@
 namespace tessivo::ui {
 
 /// The files of a drop. Gives the drop back to the shell when it goes.
-class Win32DroppedFiles : public DroppedFiles {
+class Win32DroppedFiles final : public DroppedFiles {
  public:
   explicit Win32DroppedFiles(HDROP drop) : drop_(drop) {}
   ~Win32DroppedFiles() override { DragFinish(drop_); }

@@ -12,7 +12,7 @@
 namespace tessivo::ui {
 
 /// The real window of a form. Created hidden; the toolkit puts the controls in and calls `opened`.
-class Win32Form : public FormPeer {
+class Win32Form final : public FormPeer {
  public:
   Win32Form(Form& form, std::shared_ptr<FormContext> context);
   ~Win32Form() override;

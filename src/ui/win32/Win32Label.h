@@ -7,7 +7,7 @@ namespace tessivo::ui {
 
 /// A system static text that paints itself in one go, so that a text that changes every second does
 /// not flicker. The text is shown as it is, without mnemonics, and is broken into lines.
-class Win32Label : public ControlPeer<> {
+class Win32Label final : public ControlPeer<> {
  public:
   Win32Label(Label& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

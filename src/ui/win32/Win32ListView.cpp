@@ -34,12 +34,12 @@ Win32ListView::Win32ListView(ListView& model, std::shared_ptr<FormContext> conte
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, extras, static_cast<LPARAM>(extras));
   send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
   addColumns();
-  twipsOfColumns_ = this->context().twips().x;
   rowCountChanged(model.rowCount());
   selectionChanged(model.selected());
 }
 
 void Win32ListView::addColumns() {
+  twipsOfColumns_ = context().twips().x;
   int number = 0;
   for (const auto& column : model_.columns()) {
     std::wstring header = toWide(column.header);

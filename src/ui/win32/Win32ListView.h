@@ -9,7 +9,7 @@ namespace tessivo::ui {
 
 /// A system list view that keeps no rows: it asks the model for each row that it draws. What the
 /// program changes in one go reaches the control in one step.
-class Win32ListView : public ControlPeer<ListViewPeer> {
+class Win32ListView final : public ControlPeer<ListViewPeer> {
  public:
   Win32ListView(ListView& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

@@ -7,7 +7,7 @@
 namespace tessivo::ui {
 
 /// A plain window that holds other controls or shows a picture.
-class Win32PictureBox : public ControlPeer<> {
+class Win32PictureBox final : public ControlPeer<> {
  public:
   Win32PictureBox(PictureBox& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

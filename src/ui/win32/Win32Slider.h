@@ -6,7 +6,7 @@
 namespace tessivo::ui {
 
 /// A system track bar. A press beside the thumb brings the thumb there.
-class Win32Slider : public ControlPeer<> {
+class Win32Slider final : public ControlPeer<> {
  public:
   Win32Slider(Slider& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

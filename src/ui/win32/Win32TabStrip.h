@@ -6,7 +6,7 @@
 namespace tessivo::ui {
 
 /// A system tab control without pages.
-class Win32TabStrip : public ControlPeer<> {
+class Win32TabStrip final : public ControlPeer<> {
  public:
   Win32TabStrip(TabStrip& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

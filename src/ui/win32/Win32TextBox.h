@@ -6,7 +6,7 @@
 namespace tessivo::ui {
 
 /// A system edit control of one line.
-class Win32TextBox : public ControlPeer<> {
+class Win32TextBox final : public ControlPeer<> {
  public:
   Win32TextBox(TextBox& model, std::shared_ptr<FormContext> context);
   void apply(Aspect aspect) override;

@@ -13,7 +13,7 @@ namespace tessivo::ui {
 
 /// Opens forms as real windows with the system's own controls. One for the program, made before
 /// the first form is opened and kept until the last is unloaded.
-class Win32Toolkit : public Toolkit {
+class Win32Toolkit final : public Toolkit {
  public:
   /// `twips` as all forms have it; unexpected errors in events go to the log.
   Win32Toolkit(TwipsPerPixel twips, Log& log);
