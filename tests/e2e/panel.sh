@@ -8,7 +8,8 @@
 #   tick_row N              on its check box
 #   key KEY…                to the window that has the keyboard
 #   drop X Y [FILE…]        on the window there; without files their names come from the standard input
-#   dialog_says TITLE TEXT  a notice is up over the panel
+#   dialog_says TEXT        a notice is up over the panel
+#   enter_closes_notice     it has the keyboard, and Enter closes it
 #   row_is N NAME           the name in that row
 # shellcheck source=tests/e2e/journey.sh
 source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
@@ -58,6 +59,18 @@ dialog_says() {
   [[ $found == "title 提示|text $1|buttons 确定|place "* ]] || return
   place=${found##*place }
   ((${place%% *} < 1280))
+}
+notice_has_x_focus() { [[ $(xdotool getwindowfocus getwindowname) == 提示 ]]; }
+enter_closes_notice() {
+  shows focus cmdYes || return
+  # Now and then, when one dialog follows another, the window manager keeps the keyboard to itself.
+  if ! player_wait 2 notice_has_x_focus; then
+    xdotool search --name '^提示$' windowactivate
+    player_wait 2 notice_has_x_focus
+    echo "the window manager had to be told to give the keyboard to the notice"
+  fi
+  key Return
+  player_wait 5 no_dialog
 }
 row_is() {
   found=$(player_drive cells "$1")
