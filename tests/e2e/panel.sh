@@ -60,13 +60,14 @@ dialog_says() {
   place=${found##*place }
   ((${place%% *} < 1280))
 }
-notice_has_x_focus() { [[ $(xdotool getwindowfocus getwindowname) == 提示 ]]; }
+player_has_x_focus() { [[ $(xdotool getwindowfocus getwindowname) =~ ^(提示|Tessivo) ]]; }
 enter_closes_notice() {
   shows focus cmdYes || return
-  # Now and then, when one dialog follows another, the window manager keeps the keyboard to itself.
-  if ! player_wait 2 notice_has_x_focus; then
+  # Now and then, when one dialog follows another, the window manager takes the keyboard from all
+  # of the player's windows.
+  if ! player_wait 2 player_has_x_focus; then
     xdotool search --name '^提示$' windowactivate
-    player_wait 2 notice_has_x_focus
+    player_wait 2 player_has_x_focus
     echo "the window manager had to be told to give the keyboard to the notice"
   fi
   key Return
