@@ -108,10 +108,9 @@ int runProgram() {
   frmMain panel({toolkit, timers, clock, pointer, windows, fileDialogs, shell, paths.helpPage},
                 displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
-           panel, [&panel, &displays] {
-             panel.load(panelArea(displays));
-             panel.bringFaceToFront();
-           }});
+           panel, [&panel, &displays] { panel.load(panelArea(displays)); }});
+  // Only now: nobody may press a button of a panel whose controller has no playback window yet.
+  panel.bringFaceToFront();
   loop.run();
   return 0;
 }
