@@ -18,6 +18,7 @@
 #include "fakes/FakePanel.h"
 #include "fakes/FakeSystem.h"
 #include "fakes/FakeThreadTimers.h"
+#include "fakes/FakeTray.h"
 #include "fakes/FakeWindowHooks.h"
 #include "fakes/NoToolkit.h"
 
@@ -50,7 +51,7 @@ struct World {
   World() {
     displays.add({0, 0, 1920, 1080}, true);
     screen.load();
-    controler.setReferences(panel, screen, playList);
+    controler.setReferences(tray, panel, screen, playList);
   }
   ~World() { screen.unloadScreen(); }
 
@@ -86,6 +87,7 @@ struct World {
   MovieKeys keys{clock};
   PlayList playList{keys};
   PanelWithoutRows panel{trace};
+  FakeTray tray{trace};
   Controler controler{{keys, files, displays, pointer, loop, log, clock, windows, registry,
                        shownWindows, caughtWindows, timers}};
   frmScreen screen{{toolkit, timers, displays, files, log, engines, windows, caughtWindows}};

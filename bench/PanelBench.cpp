@@ -25,6 +25,7 @@
 #include "fakes/FakeShell.h"
 #include "fakes/FakeSystem.h"
 #include "fakes/FakeThreadTimers.h"
+#include "fakes/FakeTray.h"
 #include "fakes/FakeWindowHooks.h"
 #include "fakes/NoToolkit.h"
 #include "fakes/TempFolder.h"
@@ -55,7 +56,7 @@ class Program {
     playList_.strPLDBFilePath(database_);
     screen_.load();
     panel.load({0, 0, 1280, 984});
-    controler_.setReferences(panel, screen_, playList_);
+    controler_.setReferences(tray_, panel, screen_, playList_);
     panel.setFaceBySysConfigPara(controler_.config());
     panel.show();
     panel.activate();
@@ -95,7 +96,7 @@ class Program {
   }
   void leave() {
     const auto begin = Now::now();
-    panel.close();
+    controler_.exitSys();
     std::printf("%8d  %-28s %10.1f ms   hidden after %.1f ms\n", rows_, "close and save",
                 millisecondsSince(begin), loop_.hiddenAfter(begin));
   }
@@ -156,6 +157,7 @@ class Program {
   MTimer mtimer_{threadTimers_};
   CaughtWindows caughtWindows_{windows_, procedures_};
   FakeEngineFactory engines_{trace_};
+  FakeTray tray_{trace_};
   NoToolkit none_;
   Loop loop_;
   MovieKeys keys_{clock_};

@@ -6,26 +6,37 @@
 #include <memory>
 #include <string>
 
+#include "app/CommandLine.h"
 #include "app/Controler.h"
+#include "app/PrevInstance.h"
 #include "app/ProgramPaths.h"
+#include "app/Request.h"
+#include "app/RequestReceiver.h"
 #include "app/StartUp.h"
 #include "data/PrepareDatabase.h"
 #include "monitors/AimMonitor.h"
 #include "monitors/cMonitors.h"
+#include "panel/frmHide.h"
 #include "panel/frmMain.h"
 #include "platform/FileLog.h"
 #include "platform/win32/ProgramFolder.h"
+#include "platform/win32/SingleInstance.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32DesktopWindows.h"
 #include "platform/win32/Win32Displays.h"
 #include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32HiddenWinProc.h"
 #include "platform/win32/Win32MessageLoop.h"
+#include "platform/win32/Win32Messaging.h"
+#include "platform/win32/Win32OsVersion.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32SharedMemory.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32ShownWindows.h"
 #include "platform/win32/Win32ThreadTimers.h"
 #include "platform/win32/Win32TimerService.h"
+#include "platform/win32/Win32TrayIcons.h"
 #include "platform/win32/Win32WindowProcedures.h"
 #include "platform/win32/WindowsText.h"
 #include "screen/CaughtWindows.h"
@@ -75,7 +86,16 @@ Rect panelArea(const Displays& displays) {
   return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
 }
 
+/// The first instance is asked to do what this one was started for.
+void callFirstInstance() {
+  const Win32Clock clock;
+  const auto log = openLog(formProgramPaths(programFolder()), clock);
+  Win32Messaging messaging;
+  PrevInstance(messaging, *log).handOver(commandLineArguments());
+}
+
 int runProgram() {
+  const ComApartment apartment;
   const Win32Clock clock;
   const ProgramPaths paths = formProgramPaths(programFolder());
   const auto log = openLog(paths, clock);
@@ -105,12 +125,18 @@ int runProgram() {
   frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
   Win32FileDialogs fileDialogs(*log);
   Win32Shell shell(*log);
+  Win32SharedMemory sharedMemory;
+  CommandLine commandLines(controler, sharedMemory, *log);
+  RequestReceiver requests(controler, commandLines, *log);
+  Win32HiddenWinProc hiddenWinProc(*log);
+  Win32TrayIcons trayIcons;
+  frmHide tray({toolkit, timers, hiddenWinProc, trayIcons, shell, win32OsVersion(), paths.helpPage},
+               displays.twipsPerPixel(), controler, requests);
   frmMain panel({toolkit, timers, clock, pointer, windows, fileDialogs, shell, paths.helpPage},
                 displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
-           panel, [&panel, &displays] { panel.load(panelArea(displays)); }});
-  // Only now: nobody may press a button of a panel whose controller has no playback window yet.
-  panel.bringFaceToFront();
+           commandLines, requests, tray, panel, [&tray] { tray.load(); },
+           [&panel, &displays] { panel.load(panelArea(displays)); }});
   loop.run();
   return 0;
 }
@@ -119,10 +145,12 @@ int runProgram() {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   restrictLibrarySearch();
+  const SingleInstance instance(std::string("Tessivo ") + request::kWindowTitle);
   int result = 0;
-  {
-    const ComApartment apartment;
+  if (instance.isFirst()) {
     result = runProgram();
+  } else {
+    callFirstInstance();
   }
   // All is saved and gone. A codec that hangs on a thread of its own, opening a file, must not hold
   // up the end of the process nor crash in it.

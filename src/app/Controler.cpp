@@ -63,7 +63,9 @@ void Controler::guard(frmScreen& screen) {
       [&screen](const ShownWindow& shown) { screen.guards().noteShown(shown); });
 }
 
-void Controler::setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList) {
+void Controler::setReferences(TrayFace& frmHide, PanelFace& frmMain, frmScreen& screen,
+                              PlayList& playList) {
+  tray_ = &frmHide;
   panel_ = &frmMain;
   screen_ = &screen;
   playList_ = &playList;
@@ -85,8 +87,9 @@ void Controler::listenToScreen() {
   connections_.push_back(screen_->ClickPlayer.connect([this] { frmScreen_ClickPlayer(); }));
   connections_.push_back(
       screen_->clickPopuMenu.connect([this](std::int32_t code) { frmScreen_clickPopuMenu(code); }));
-  // Closing either window leaves the program; in full screen there is nothing to close it by.
-  connections_.push_back(screen_->onClose.connect([this] { exitSys(); }));
+  // In full screen there is nothing to close it by.
+  connections_.push_back(screen_->onClose.connect([this] { tray_->askToExit(); }));
+  connections_.push_back(screen_->onEndSession.connect([this] { exitSys(); }));
   connections_.push_back(screen_->reportPosition.connect(
       [this](const Rect& pixels) { setPlayPosiForScreenSaver(pixels); }));
 }
@@ -94,9 +97,11 @@ void Controler::listenToScreen() {
 void Controler::exitSys() {
   if (exiting_) return;
   exiting_ = true;
+  if (!panel_) return services_.loop.quit();
+  tray_->removeHiddenWinProc();
+  services_.caughtWindows.giveBackAll();
   panel_->finishWork();
   finishAdding();
-  services_.caughtWindows.giveBackAll();
   saveResumePoint();
   takeFormsDown();
   m_objMouseHideShow_.reset();  // shows the pointer
@@ -141,6 +146,7 @@ void Controler::takeFormsDown() {
   services_.loop.pumpFor(kEngineSettleMs);  // lets the engines settle before their window goes
   screen_->hide();
   screen_->unloadScreen();
+  tray_->hideAndUnloadTray();
 }
 
 bool Controler::play() {
@@ -184,9 +190,14 @@ std::int32_t Controler::lngScreenState() const {
 }
 
 void Controler::showMainFace() {
+  if (exiting_ || !panel_) return;
   panel_->restoreFace();
   resetMainFrmPosiByMousePosi();
   panel_->bringFaceToFront();
+}
+
+void Controler::activateMainFace() {
+  if (!exiting_ && panel_) panel_->bringFaceToFront();
 }
 
 void Controler::resetMainFrmPosiByMousePosi() {

@@ -7,6 +7,7 @@
 
 #include "app/PanelFace.h"
 #include "app/SlicedWork.h"
+#include "app/TrayFace.h"
 #include "data/PlayList.h"
 #include "data/SysConfig.h"
 #include "platform/Files.h"
@@ -61,10 +62,11 @@ class Controler {
   void guard(frmScreen& screen);
   /// The references, once the forms are there. From here on the controller hears the playback
   /// window's events.
-  void setReferences(PanelFace& frmMain, frmScreen& screen, PlayList& playList);
+  void setReferences(TrayFace& frmHide, PanelFace& frmMain, frmScreen& screen, PlayList& playList);
   /// The only way out: completes the additions under way, saves, takes the forms down and ends the
   /// message loop. What those additions were to play is not started: the resume point is that of
-  /// the item that played. A second call, from an event inside the first, does nothing.
+  /// the item that played. A second call, from an event inside the first, does nothing. Before the
+  /// references are set there is nothing to save: the loop ends as soon as it begins.
   void exitSys();
 
   bool play();
@@ -111,7 +113,13 @@ class Controler {
   bool showOnMonitor(std::int32_t number);
   void leaveFullScreen() { switchFullScreen(false); }
 
+  /// Shows the control panel, wherever it is hidden, in front of everything, on the pointer's
+  /// monitor. Nothing while the program starts or leaves.
   void showMainFace();
+  /// Shows the control panel where it is, in front, with the keyboard.
+  void activateMainFace();
+  /// Asks for the settings dialog.
+  void showConfigFace() { configFaceWanted.raise(); }
   /// Puts the control panel on the monitor under the pointer: where it is when it stands there
   /// already, else in the middle of that monitor's work area.
   void resetMainFrmPosiByMousePosi();
@@ -120,6 +128,9 @@ class Controler {
 
   SysConfig& config() { return config_; }
   std::int32_t lngScreenState() const;
+
+  /// Whoever has the settings dialog opens it.
+  Signal<> configFaceWanted;
 
   // The playback window's events.
   void frmScreen_clickPopuMenu(std::int32_t code);
@@ -155,6 +166,7 @@ class Controler {
 
   ControlerServices services_;
   SysConfig config_;
+  TrayFace* tray_ = nullptr;
   PanelFace* panel_ = nullptr;
   frmScreen* screen_ = nullptr;
   PlayList* playList_ = nullptr;

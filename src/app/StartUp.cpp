@@ -1,6 +1,5 @@
 #include "app/StartUp.h"
 
-#include "app/CommandLine.h"
 #include "monitors/cMonitors.h"
 
 namespace tessivo {
@@ -43,7 +42,7 @@ void loadPlayItem(const StartUpParts& parts) {
   if (position > 0 && position < config.lngCurrentPlayItemLen()) parts.screen.lngJinDu(position);
 }
 
-void setUpPanel(const StartUpParts& parts) {
+void listItems(const StartUpParts& parts) {
   for (std::int32_t i = 1; i <= parts.playList.lngListCount(); ++i) {
     parts.panel.AddAMovieToFaceList(*parts.playList.objGetAItem(i));
   }
@@ -51,29 +50,37 @@ void setUpPanel(const StartUpParts& parts) {
     parts.controler.selectAItem(item->strKey);
     parts.panel.setPLItemStateByKey(item->strKey, 1);
   }
+}
+
+void showPanel(const StartUpParts& parts) {
   if (parts.screen.boolMaxSize()) {
     parts.panel.keepFaceOnTop(true);
     parts.panel.setFaceToAPlayState(panelState::kFullScreen, false);
   }
+  parts.panel.bringFaceToFront();
 }
 
 }  // namespace
 
 void startUp(const StartUpParts& parts) {
+  const SysConfig& config = parts.controler.config();
   parts.playList.strPLDBFilePath(parts.paths.database);
   parts.controler.setInitializePram(parts.paths.database, parts.paths.screenSaverFolder);
   parts.controler.guard(parts.screen);  // what the engines pop up when they are made is closed, too
+  parts.loadTray();
   loadScreen(parts);
   parts.loadPanel();
-  parts.controler.setReferences(parts.panel, parts.screen, parts.playList);
+  parts.controler.setReferences(parts.tray, parts.panel, parts.screen, parts.playList);
   loadPlayList(parts);
-  const SysConfig& config = parts.controler.config();
+  listItems(parts);
   parts.screen.intVolume(config.intVolumeValue());
   parts.screen.lngPlayRuler(config.lngPlayRuler());
-  setUpPanel(parts);
   loadPlayItem(parts);
+  // With the stored item loaded, so that its name and position are shown, too.
   parts.panel.setFaceBySysConfigPara(config);
-  processCmdLine(parts.commandLine, parts.controler);
+  showPanel(parts);
+  parts.requests.boolSysReady(true);
+  parts.commandLines.processCmdLine(parts.commandLine);
 }
 
 }  // namespace tessivo

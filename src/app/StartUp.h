@@ -5,6 +5,7 @@
 
 #include "app/Controler.h"
 #include "app/ProgramPaths.h"
+#include "app/RequestReceiver.h"
 #include "monitors/AimMonitor.h"
 
 namespace tessivo {
@@ -19,12 +20,17 @@ struct StartUpParts {
   PlayList& playList;
   Controler& controler;
   frmScreen& screen;
+  CommandLine& commandLines;
+  RequestReceiver& requests;
+  TrayFace& tray;
   PanelFace& panel;
-  std::function<void()> loadPanel;  ///< creates and shows the control panel
+  std::function<void()> loadTray;   ///< creates the tray form, with its icon
+  std::function<void()> loadPanel;  ///< creates the control panel, hidden
 };
 
-/// From the settings to the first play, in the fixed order. Afterwards the program lives in the
-/// message loop.
+/// From the settings to the first play, in the fixed order. The control panel is shown when it is
+/// complete: nobody may press a button of a panel whose controller has no playback window yet.
+/// Afterwards the program lives in the message loop.
 void startUp(const StartUpParts& parts);
 
 }  // namespace tessivo

@@ -6,7 +6,7 @@
 /// loads it in the size it needs, or gives the number to a picture box or button.
 namespace tessivo::icon {
 
-inline constexpr int kProgram = 1;  ///< the program, its windows and the tray
+inline constexpr int kProgram = 1;  ///< the program and its windows
 inline constexpr int kPlay = 101;
 inline constexpr int kPause = 102;
 inline constexpr int kStop = 103;
@@ -25,5 +25,8 @@ inline constexpr int kClear = 115;
 inline constexpr int kHideList = 116;
 inline constexpr int kShowList = 117;
 inline constexpr int kError = 118;
+inline constexpr int kTray = 119;
+inline constexpr int kTrayOfOldWindows = 120;  ///< few colours, hard edges
+inline constexpr int kMenu = 121;
 
 }  // namespace tessivo::icon

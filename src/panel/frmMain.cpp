@@ -45,6 +45,7 @@ frmMain::frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Con
       labPlayRuler(this, "labPlayRuler", "播放引擎:"),
       comboPlayRuler(this, "comboPlayRuler"),
       cmdRecyclePlayPL(this, "cmdRecyclePlayPL", ""),
+      cmdMenu(this, "cmdMenu", "菜单(&M)"),
       cmdHideShowPL(this, "cmdHideShowPL", ""),
       picSeparator(this, "picSeparator"),
       tsLists(this, "tsLists"),
@@ -77,6 +78,17 @@ frmMain::frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Con
       mnuClearPL(mnuMovieOperations.add("mnuClearPL", "清空播放列表(&C)")),
       mnuPlayFiles(mnuMovieOperations.add("mnuPlayFiles", "添加并播放文件(&O)...")),
       mnuScreens("mnuScreens", ""),
+      mnuSystem("mnuSystem", ""),
+      mnuConfig(mnuSystem.add("mnuConfig", "设置(&O)...")),
+      mnuSystemLine1(mnuSystem.addSeparator("mnuSystemLine1")),
+      mnuFAQ(mnuSystem.add("mnuFAQ", "使用说明(&H)")),
+      mnuAbout(mnuSystem.add("mnuAbout", "关于泰思维(&A)...")),
+      mnuSystemLine2(mnuSystem.addSeparator("mnuSystemLine2")),
+      mnuExit(mnuSystem.add("mnuExit", "退出(&X)")),
+      mnuFace("mnuFace", ""),
+      mnuHideFace(mnuFace.add("mnuHideFace", "隐藏控制面板(&H)")),
+      mnuFaceLine(mnuFace.addSeparator("mnuFaceLine")),
+      mnuExit2(mnuFace.add("mnuExit2", "退出(&X)")),
       timDelayHideDeleteNote(services.timers, "timDelayHideDeleteNote", kHideDeleteNoteMs),
       timDelayQuickMoveItem(services.timers, "timDelayQuickMoveItem", kBeforeQuickMoveMs),
       timQuickMoveItem(services.timers, "timQuickMoveItem", kQuickMoveMs),
@@ -97,6 +109,7 @@ frmMain::frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Con
   listenToList();
   listenToMoving();
   listenToErrorLog();
+  listenToMenu();
   listenToWindow();
 }
 
@@ -128,6 +141,7 @@ void frmMain::nameControls() {
   picSeparator.setColours(std::nullopt, kSeparatorColour);
   picBottomBorder.setPointerShape(ui::PointerShape::sizeVertical);
   cmdStop.setIcon(icon::kStop);
+  cmdMenu.setIcon(icon::kMenu);
   cmdPLAdd.setIcon(icon::kAdd);
   cmdPLDelete.setIcon(icon::kDelete);
   cmdPLUp.setIcon(icon::kMoveUp);
@@ -195,7 +209,8 @@ void frmMain::listenToWindow() {
       timer->setEnabled(false);
     }
   });
-  onClose.listen([this] { controler_.exitSys(); });
+  // The program lives on in the notification area.
+  onClose.listen([this] { hide(); });
   onEndSession.listen([this] { controler_.exitSys(); });
   onFilesDropped.listen([this](const ui::DroppedFiles& files) { dropFiles(files); });
   onKey.listen([this](ui::KeyPress& press) { takeKey(press); });
@@ -231,7 +246,7 @@ void frmMain::checkIsActiveLater(bool active) {
 
 void frmMain::takeKey(ui::KeyPress& press) {
   if (press.code == kF1) {
-    services_.shell.open(nativeHandle(), services_.helpPage, "");
+    openHelp();
     press.handled = true;
   } else if (press.focus == &lvPlayList) {
     press.handled = takeListKey(press);

@@ -24,7 +24,7 @@ struct PanelServices {
   const DesktopWindows& windows;
   FileDialogs& fileDialogs;
   Shell& shell;
-  std::string helpPage;  ///< opened by F1
+  std::string helpPage;
 };
 
 /// The control panel: the playlist, the log of playback errors and the transport. It holds no
@@ -32,9 +32,9 @@ struct PanelServices {
 /// controller, whose calls it answers by showing what is.
 ///
 /// The sources are split by subject: frmMain (construction, window, keyboard), frmMainLayout,
-/// frmMainTransport (play to loop mode), frmMainScreens (full screen), frmMainList (rows, marks,
-/// menu, moving), frmMainFiles (adding, deleting), frmMainErrors (error log, what follows an
-/// error).
+/// frmMainTransport (play to loop mode), frmMainScreens (full screen), frmMainMenu (what the tray's
+/// menu has, too), frmMainList (rows, marks, menu, moving), frmMainFiles (adding, deleting),
+/// frmMainErrors (error log, what follows an error).
 class frmMain : public ui::Form, public PanelFace {
  public:
   frmMain(const PanelServices& services, TwipsPerPixel twipsPerPixel, Controler& controler);
@@ -96,6 +96,7 @@ class frmMain : public ui::Form, public PanelFace {
   ui::Label labPlayRuler;
   ui::ComboBox comboPlayRuler;
   ui::Button cmdRecyclePlayPL;
+  ui::Button cmdMenu;
   ui::Button cmdHideShowPL;
   ui::PictureBox picSeparator;
 
@@ -131,6 +132,19 @@ class frmMain : public ui::Form, public PanelFace {
   ui::MenuItem& mnuClearPL;
   ui::MenuItem& mnuPlayFiles;
   ui::MenuItem mnuScreens;
+  // The menu that cmdMenu opens.
+  ui::MenuItem mnuSystem;
+  ui::MenuItem& mnuConfig;
+  ui::MenuItem& mnuSystemLine1;
+  ui::MenuItem& mnuFAQ;
+  ui::MenuItem& mnuAbout;
+  ui::MenuItem& mnuSystemLine2;
+  ui::MenuItem& mnuExit;
+  // The menu of the panel's empty background.
+  ui::MenuItem mnuFace;
+  ui::MenuItem& mnuHideFace;
+  ui::MenuItem& mnuFaceLine;
+  ui::MenuItem& mnuExit2;
 
   ui::Timer timDelayHideDeleteNote;
   ui::Timer timDelayQuickMoveItem;
@@ -180,6 +194,12 @@ class frmMain : public ui::Form, public PanelFace {
   void setScreen();
   ui::MenuItem& addScreenEntry(const std::string& caption);
   void showScreenState(bool fullScreen);
+
+  // frmMainMenu
+  void listenToMenu();
+  void openHelp();
+  void showAbout();
+  void askToExit();
 
   // frmMainList
   void listenToList();

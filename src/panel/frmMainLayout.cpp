@@ -74,6 +74,8 @@ void frmMain::layOutTransport(std::int32_t right) {
   cmdRecyclePlayPL.setBounds(
       {kMargin + kRulerLabelWidth + kRulerWidth + kWideGap, y, kWideButtonWidth, kLine});
   cmdHideShowPL.setBounds({right - kWideButtonWidth, y, kWideButtonWidth, kLine});
+  cmdMenu.setBounds(
+      {right - kWideButtonWidth - kGap - kSmallButtonWidth, y, kSmallButtonWidth, kLine});
   y += kLine + kMargin;
   picSeparator.setBounds({0, y, scaleWidth(), kOnePixel});
 }

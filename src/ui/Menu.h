@@ -23,6 +23,9 @@ class MenuItem {
   void setVisible(bool visible) { visible_ = visible; }
   bool enabled() const { return enabled_; }
   void setEnabled(bool enabled) { enabled_ = enabled; }
+  /// The entry that a double click on whatever has the menu stands for; drawn in bold.
+  bool isDefault() const { return isDefault_; }
+  void setDefault(bool isDefault) { isDefault_ = isDefault; }
   bool isSeparator() const { return caption_ == "-"; }
 
   MenuItem& add(std::string name, std::string caption) {
@@ -49,6 +52,7 @@ class MenuItem {
   std::string caption_;
   bool visible_ = true;
   bool enabled_ = true;
+  bool isDefault_ = false;
   std::vector<std::unique_ptr<MenuItem>> items_;
 };
 

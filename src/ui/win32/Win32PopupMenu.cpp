@@ -35,6 +35,8 @@ UniqueMenu build(MenuItem& menu, std::vector<MenuItem*>& entries) {
     } else {
       entries.push_back(&item);
       AppendMenuW(real.get(), flags, entries.size(), caption.c_str());
+      const auto command = static_cast<UINT>(entries.size());
+      if (item.isDefault()) SetMenuDefaultItem(real.get(), command, FALSE);
     }
   }
   return real;

@@ -107,8 +107,9 @@ void runUntilGone(Form& dialog) {
 
 Win32Toolkit::Win32Toolkit(TwipsPerPixel twips, Log& log)
     : log_(log), twips_(twips), fonts_(std::make_shared<UiFonts>(twips)) {
-  const INITCOMMONCONTROLSEX kinds{sizeof kinds, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES |
-                                                     ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
+  const INITCOMMONCONTROLSEX kinds{sizeof kinds, ICC_USEREX_CLASSES | ICC_LISTVIEW_CLASSES |
+                                                     ICC_TAB_CLASSES | ICC_BAR_CLASSES |
+                                                     ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&kinds);
 }
 

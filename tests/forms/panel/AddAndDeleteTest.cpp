@@ -276,7 +276,7 @@ TEST_F(DeleteTest, LeavingTheProgramCompletesADeletionUnderWay) {
   world->click(main.chkToDeleteAll);
   real().whenSourced = [this] { time.skip(1); };
   world->click(main.cmdPLDelete);
-  main.close();
+  controler.exitSys();
   EXPECT_EQ(playList.lngListCount(), 0);
 }
 

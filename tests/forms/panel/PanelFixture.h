@@ -21,7 +21,7 @@ class PanelFixture : public ControlerFixture {
   void SetUp() override {
     ControlerFixture::SetUp();
     main.load({0, 0, 1280, 984});
-    controler.setReferences(main, screen, playList);
+    controler.setReferences(tray, main, screen, playList);
     main.setFaceBySysConfigPara(controler.config());
     main.show();
     main.activate();

@@ -143,7 +143,7 @@ TEST_F(PanelWindowTest, ASmallWorkAreaIsNotExceeded) {
 }
 
 TEST_F(PanelWindowTest, ADialogGoesWithTheProgram) {
-  world->answerDialogs([this](ui::Form&) { main.close(); });
+  world->answerDialogs([this](ui::Form&) { controler.exitSys(); });
   world->drop(main, std::vector<std::string>(501, "C:\\v\\b.avi"));
   EXPECT_NE(trace.take().find("quit"), std::string::npos);
   EXPECT_FALSE(main.isOpen());

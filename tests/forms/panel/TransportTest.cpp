@@ -430,9 +430,14 @@ TEST_F(TransportTest, TheStoredResumePointIsShown) {
   EXPECT_EQ(world->text(main.txtFileName), "a.avi");
 }
 
-TEST_F(TransportTest, ClosingThePanelLeavesTheProgram) {
+TEST_F(TransportTest, ClosingThePanelOnlyHidesIt) {
+  startFirst();
   world->close(main);
-  EXPECT_NE(trace.take().find("quit"), std::string::npos);
+  EXPECT_FALSE(world->isVisible(main));
+  EXPECT_EQ(screen.lngState(), playState::kPlaying);
+  EXPECT_EQ(trace.take(), "");
+  controler.showMainFace();
+  EXPECT_TRUE(world->isVisible(main));
 }
 
 TEST_F(TransportTest, TheRightButtonDoesNotHoldTheSlider) {

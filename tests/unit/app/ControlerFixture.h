@@ -4,6 +4,7 @@
 #include "data/PrepareDatabase.h"
 #include "fakes/FakePanel.h"
 #include "fakes/FakeThreadTimers.h"
+#include "fakes/FakeTray.h"
 #include "fakes/TempFolder.h"
 #include "unit/screen/ScreenFixture.h"
 
@@ -21,7 +22,7 @@ class ControlerFixture : public ScreenFixture {
     controler.setInitializePram(database, "C:\\p\\SSP");
     playList.strPLDBFilePath(database);
     controler.guard(screen);
-    controler.setReferences(panel, screen, playList);
+    controler.setReferences(tray, panel, screen, playList);
     trace.take();
   }
 
@@ -46,6 +47,7 @@ class ControlerFixture : public ScreenFixture {
   FakeMessageLoop loop{trace};
   PlayList playList{keys};
   FakePanel panel{trace};
+  FakeTray tray{trace};
   FakeShownWindows shownWindows;
   FakeThreadTimers threadTimers{time};
   MTimer timers{threadTimers};

@@ -326,7 +326,9 @@ TEST_F(ControlerTest, LeavingSavesInOrderAndEndsTheLoop) {
   };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
+  EXPECT_EQ(trace.take(),
+            "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
+            "| quit");
   EXPECT_FALSE(screen.visible());
   EXPECT_FALSE(savedTooEarly);
   SysConfig stored;
@@ -392,7 +394,9 @@ TEST_F(ControlerTest, WhatHappensWhileTheEnginesSettleReachesNoPanel) {
   };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
+  EXPECT_EQ(trace.take(),
+            "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
+            "| quit");
 }
 
 TEST_F(ControlerTest, LeavingGivesTheCaughtWindowsBackFirstAndCatchesNoMore) {
@@ -425,12 +429,44 @@ TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   loop.whilePumping = [this] { controler.exitSys(); };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
+  EXPECT_EQ(trace.take(),
+            "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
+            "| quit");
 }
 
-TEST_F(ControlerTest, ClosingThePlaybackWindowLeavesTheProgram) {
+TEST_F(ControlerTest, ClosingThePlaybackWindowAsksWhetherToLeave) {
   screen.close();
-  EXPECT_NE(trace.take().find("quit"), std::string::npos);
+  EXPECT_EQ(trace.take(), "exit asked");
+}
+
+TEST_F(ControlerTest, TheEndOfTheSessionAtThePlaybackWindowLeavesWithoutAQuestion) {
+  screen.onEndSession.raise();
+  const std::string all = trace.take();
+  EXPECT_NE(all.find("quit"), std::string::npos);
+  EXPECT_EQ(all.find("asked"), std::string::npos);
+}
+
+TEST_F(ControlerTest, WhileItLeavesThePanelIsNotShownAgain) {
+  loop.whilePumping = [this] {
+    controler.showMainFace();
+    controler.activateMainFace();
+  };
+  trace.take();
+  controler.exitSys();
+  EXPECT_EQ(trace.take().find("front"), std::string::npos);
+}
+
+TEST_F(ControlerTest, TheSettingsDialogIsAskedOfWhoeverHasIt) {
+  int wanted = 0;
+  controler.configFaceWanted.listen([&wanted] { ++wanted; });
+  controler.showConfigFace();
+  EXPECT_EQ(wanted, 1);
+}
+
+TEST_F(ControlerTest, ActivatingThePanelLeavesItWhereItIs) {
+  panel.rect = {5000, 5000, 400, 300};
+  controler.activateMainFace();
+  EXPECT_EQ(trace.take(), "panel front");
 }
 
 TEST_F(ControlerTest, WhatCannotBeSavedIsTriedForASecondAndLoggedWithItsReason) {
@@ -441,8 +477,10 @@ TEST_F(ControlerTest, WhatCannotBeSavedIsTriedForASecondAndLoggedWithItsReason) 
   controler.exitSys();
   std::string attempts;
   for (int i = 0; i < 18; ++i) attempts += "pump 100 | ";
-  EXPECT_EQ(trace.take(),
-            "panel gone | wmp sound | real sound | pump 200 | real gone | " + attempts + "quit");
+  EXPECT_EQ(
+      trace.take(),
+      "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone | " +
+          attempts + "quit");
   ASSERT_GE(log.lines.size(), 3U);
   const std::string& settings = log.lines[log.lines.size() - 3];
   const std::string& list = log.lines[log.lines.size() - 2];

@@ -1,5 +1,6 @@
 #include "app/StartUp.h"
 
+#include "fakes/FakeSharedMemory.h"
 #include "unit/app/ControlerFixture.h"
 
 namespace tessivo {
@@ -45,11 +46,21 @@ class StartUpTest : public ControlerFixture {
   }
   void start(const std::string& commandLine = "") {
     trace.take();
-    startUp({paths, commandLine, displays, log, aimMonitor, playList, controler, screen, panel,
-             [this] { trace.add("load panel"); }});
+    startUp({paths, commandLine, displays, log, aimMonitor, playList, controler, screen,
+             commandLines, requests, tray, panel, [this] { load("tray"); },
+             [this] { load("panel"); }});
+  }
+
+  void load(const std::string& form) {
+    trace.add("load " + form + (requests.boolSysReady() ? " ready" : ""));
+    if (whileLoading) whileLoading();
   }
 
   ProgramPaths paths;
+  FakeSharedMemory memory;
+  CommandLine commandLines{controler, memory, log};
+  RequestReceiver requests{controler, commandLines, log};
+  std::function<void()> whileLoading;
   AimMonitor aimMonitor{displays};
 };
 
@@ -71,6 +82,44 @@ TEST_F(StartUpTest, AStoredListIsShownLoadedAndNotStarted) {
   EXPECT_LT(rows, url);
   EXPECT_LT(url, shown);
   EXPECT_NE(shown, std::string::npos);
+}
+
+TEST_F(StartUpTest, TheTrayComesBeforeTheShowAndThePanelLast) {
+  store(45, playRule::kMediaOnly, true);
+  start();
+  const std::string all = trace.take();
+  const auto trayLoaded = all.find("load tray");
+  const auto volume = all.find("wmp volume 30");
+  const auto panelLoaded = all.find("load panel");
+  const auto settings = all.find("settings shown");
+  const auto shown = all.find("panel front");
+  EXPECT_LT(trayLoaded, volume);
+  EXPECT_LT(volume, panelLoaded);
+  EXPECT_LT(panelLoaded, settings);
+  EXPECT_LT(settings, shown);
+  EXPECT_NE(shown, std::string::npos);
+  EXPECT_TRUE(requests.boolSysReady());
+}
+
+TEST_F(StartUpTest, ItIsReadyBeforeItsOwnCommandLineAndNotEarlier) {
+  bool early = false;
+  bool readyForCommand = false;
+  panel.whileAddingRow = [&] { readyForCommand = requests.boolSysReady(); };
+  whileLoading = [&] { early = early || requests.boolSysReady(); };
+  start("C:\\v\\a.avi");
+  EXPECT_FALSE(early);
+  EXPECT_TRUE(readyForCommand);
+}
+
+TEST_F(StartUpTest, AnEndOfTheSessionWhileItStartsEndsTheLoopAndPlaysNothing) {
+  store(45, playRule::kMediaOnly, true);
+  whileLoading = [this] { controler.exitSys(); };
+  start("C:\\v\\c.avi");
+  const std::string all = trace.take();
+  EXPECT_NE(all.find("quit"), std::string::npos);
+  EXPECT_EQ(all.find("requests end"), std::string::npos);
+  EXPECT_EQ(order(), "ab*!");
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
 }
 
 TEST_F(StartUpTest, TheVolumeIsThirtyUntilTheSettingsAreGiven) {

@@ -1,0 +1,39 @@
+// The control panel's copies of what the tray's menu has.
+#include "panel/ExitQuestion.h"
+#include "panel/frmAbout.h"
+#include "panel/frmMain.h"
+
+namespace tessivo {
+
+void frmMain::listenToMenu() {
+  mnuConfig.setEnabled(false);  // there is no settings dialog yet
+  mnuConfig.onClick.listen([this] { controler_.showConfigFace(); });
+  mnuFAQ.onClick.listen([this] { openHelp(); });
+  mnuAbout.onClick.listen([this] { showAbout(); });
+  mnuHideFace.onClick.listen([this] { hide(); });
+  for (ui::MenuItem* item : {&mnuExit, &mnuExit2}) {
+    item->onClick.listen([this] { askToExit(); });
+  }
+  cmdMenu.onClick.listen([this] {
+    const Rect& button = cmdMenu.bounds();
+    popupMenu(mnuSystem, Point{button.left, button.top + button.height});
+  });
+  onMouseUp.listen([this](const ui::MouseEvent& event) {
+    if (event.button == MouseButton::right) popupMenu(mnuFace);
+  });
+}
+
+void frmMain::openHelp() {
+  services_.shell.open(nativeHandle(), services_.helpPage, "");
+}
+
+void frmMain::showAbout() {
+  frmAbout about(services_.shell, twipsPerPixel());
+  about.showOver(services_.toolkit, *this);
+}
+
+void frmMain::askToExit() {
+  if (confirmsExit(services_.toolkit, *this)) controler_.exitSys();
+}
+
+}  // namespace tessivo
