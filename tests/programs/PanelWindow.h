@@ -27,6 +27,12 @@ inline std::string textOf(HWND window) {
   return fromWide(text);
 }
 
+inline DWORD processOf(HWND window) {
+  DWORD id = 0;
+  GetWindowThreadProcessId(window, &id);
+  return id;
+}
+
 /// The name that a control carries, as a property with itself as the value; empty for other
 /// windows.
 inline std::string nameOf(HWND window) {
@@ -78,16 +84,20 @@ class PanelWindow {
     GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
     return nameOf(info.hwndFocus);
   }
-  /// The visible window that lies over the panel as its dialog, null when there is none.
+  /// The player's visible dialog in front, over whichever of its windows; null when there is none.
   HWND dialog() const {
     for (HWND top = GetTopWindow(nullptr); top; top = GetWindow(top, GW_HWNDNEXT)) {
-      const bool isOwned = GetWindow(top, GW_OWNER) == window_ && IsWindowVisible(top);
-      if (isOwned && (GetWindowLongW(top, GWL_STYLE) & WS_CAPTION) == WS_CAPTION) return top;
+      if (top != window_ && IsWindowVisible(top) && isDialog(top)) return top;
     }
     return nullptr;
   }
 
  private:
+  bool isDialog(HWND top) const {
+    const bool hasCaption = (GetWindowLongW(top, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+    return hasCaption && GetWindow(top, GW_OWNER) && processOf(top) == processOf(window_);
+  }
+
   HWND window_;
 };
 

@@ -14,12 +14,18 @@
 //   tick-at N    "x y" of that row's check box
 //   cells N      that row's texts, " | " between them
 //   error N      the same of row N of the error log
-//   dialog       the title, text, buttons and place of the dialog that lies over the panel, if any:
-//                texts and buttons only of the program's own
+//   dialog       the title, text, buttons and place of the player's dialog that is up, if any:
+//   texts
+//                and buttons only of the program's own
+//   dialog-where NAME  "x y width height" of that control of the dialog
 //   menu         "x y width height" of the pop-up menu that is open, if any
-//   close        close the panel, and wait until the player has ended (20 s)
+//   taskbar-created   say to all windows what the shell says when its task bar is new
+//   session-ends      ask and tell the player's windows, in front first, what the system does when
+//                     the user logs off, and wait until the player has ended (20 s)
+//   session-stays     the same when another program has refused
+//   close        ask the program to leave, and wait until it has ended (20 s)
 //   kill         end the player's process at once
-//   closekill N  close the panel, and end the process N milliseconds later, wherever it is
+//   closekill N  ask it to leave, and end the process N milliseconds later, wherever it is
 #include <windows.h>
 // After windows.h, which it needs:
 #include <shellapi.h>
@@ -39,6 +45,8 @@ constexpr int kDeadlineMs = 20000;
 constexpr int kSliderEnd = 13;   // pixels beside the way of the thumb's middle
 constexpr int kTickMiddle = 11;  // pixels from a row's left edge
 constexpr int kManyRows = 1000;  // of more the ticks are not counted
+constexpr UINT kAnswerMs = 5000;
+constexpr wchar_t kTrayTitle[] = L"play27182831415";
 constexpr wchar_t kScreenTitle[] = L"Tessivo 播放窗口";
 
 /// What is still to be carried out.
@@ -233,6 +241,13 @@ void showDialog() {
   printPlace(dialog);
 }
 
+void printDialogWhere(const std::string& name) {
+  const HWND dialog = PanelWindow().dialog();
+  const HWND control = dialog ? findControl(dialog, name) : nullptr;
+  if (!control) fail("no dialog with a control " + name);
+  printPlace(control);
+}
+
 void showMenu() {
   const HWND menu = FindWindowW(L"#32768", nullptr);
   if (menu && IsWindowVisible(menu)) printPlace(menu);
@@ -242,8 +257,7 @@ void showMenu() {
 class Player {
  public:
   Player() {
-    DWORD id = 0;
-    GetWindowThreadProcessId(PanelWindow().window(), &id);
+    const DWORD id = processOf(PanelWindow().window());
     process_ = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id);
   }
   ~Player() { CloseHandle(process_); }
@@ -261,17 +275,63 @@ class Player {
   HANDLE process_ = nullptr;
 };
 
-void closePanel() {
+/// The hidden window with the icon in the notification area. Closing it, as the system's tools for
+/// ending programs do, leaves without a question.
+HWND leavingWindow() {
+  const HWND tray = FindWindowW(nullptr, kTrayTitle);
+  return tray ? tray : PanelWindow().window();
+}
+
+void leave() {
   const Player player;
-  PostMessageW(PanelWindow().window(), WM_CLOSE, 0, 0);
+  PostMessageW(leavingWindow(), WM_CLOSE, 0, 0);
   player.waitForEnd();
 }
 
-void closeAndKill(int afterMs) {
+void leaveAndKill(int afterMs) {
   const Player player;
-  PostMessageW(PanelWindow().window(), WM_CLOSE, 0, 0);
+  PostMessageW(leavingWindow(), WM_CLOSE, 0, 0);
   Sleep(static_cast<DWORD>(afterMs));
   player.kill();
+}
+
+void sayTaskbarCreated() {
+  PostMessageW(HWND_BROADCAST, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+}
+
+std::vector<HWND> windowsOf(DWORD process) {
+  std::pair<DWORD, std::vector<HWND>> search(process, {});
+  const auto take = [](HWND window, LPARAM into) {
+    auto& [wanted, found] = *reinterpret_cast<std::pair<DWORD, std::vector<HWND>>*>(into);
+    if (processOf(window) == wanted) found.push_back(window);
+    return TRUE;
+  };
+  EnumWindows(take, reinterpret_cast<LPARAM>(&search));
+  return search.second;
+}
+
+/// No answer counts as 0.
+DWORD_PTR answerTo(HWND window, UINT message, WPARAM wParam) {
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutW(window, message, wParam, 0, SMTO_NORMAL, kAnswerMs, &answer);
+  return answer;
+}
+
+void askAndTellSession(const std::vector<HWND>& windows, bool ends) {
+  for (const HWND window : windows) {
+    if (!answerTo(window, WM_QUERYENDSESSION, 0)) fail("a window refuses: " + textOf(window));
+  }
+  for (const HWND window : windows) answerTo(window, WM_ENDSESSION, ends);
+}
+
+void endSession() {
+  const Player player;
+  askAndTellSession(windowsOf(processOf(PanelWindow().window())), true);
+  player.waitForEnd();
+}
+
+void keepSession() {
+  askAndTellSession(windowsOf(processOf(PanelWindow().window())), false);
 }
 
 void waitForPanel() {
@@ -295,10 +355,14 @@ void carryOut(const std::string& command) {
       {"cells", [] { printCells("lvPlayList", nextNumber(), 3); }},
       {"error", [] { printCells("lvPlayErrLogList", nextNumber(), 4); }},
       {"dialog", showDialog},
+      {"dialog-where", [] { printDialogWhere(nextWord()); }},
       {"menu", showMenu},
-      {"close", closePanel},
+      {"taskbar-created", sayTaskbarCreated},
+      {"session-ends", endSession},
+      {"session-stays", keepSession},
+      {"close", leave},
       {"kill", [] { Player().kill(); }},
-      {"closekill", [] { closeAndKill(nextNumber()); }}};
+      {"closekill", [] { leaveAndKill(nextNumber()); }}};
   const auto found = commands.find(command);
   if (found == commands.end()) fail("unknown command " + command);
   found->second();
