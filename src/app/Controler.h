@@ -82,7 +82,7 @@ class Controler {
   bool boolGetMuteValue() const;
 
   /// Adds one file; nothing when the path is neither a web address nor an existing file. Double
-  /// quotes around the path are not part of it.
+  /// quotes around the path are not part of it, nor is anything from a NUL on.
   MoviePtr AddAMovieToPL(const std::string& path);
   /// Adds the paths from index 1 on and, if asked, plays the first one added. A few are added
   /// before the call returns; of many the rest follows in slices, while the user goes on working,

@@ -13,7 +13,8 @@ bool Controler::isAcceptable(const std::string& path) const {
 }
 
 MoviePtr Controler::AddAMovieToPL(const std::string& path) {
-  const std::string plain(unquoted(path));
+  // The last path of a selection in shared memory comes with the zero bytes that fill it up.
+  const std::string plain(unquoted(path.substr(0, path.find('\0'))));
   if (!isAcceptable(plain)) {
     services_.log.error("not added, no such file: " + plain);
     return nullptr;

@@ -72,9 +72,9 @@ void startUp(const StartUpParts& parts) {
   parts.loadPanel();
   parts.controler.setReferences(parts.tray, parts.panel, parts.screen, parts.playList);
   loadPlayList(parts);
-  listItems(parts);
   parts.screen.intVolume(config.intVolumeValue());
   parts.screen.lngPlayRuler(config.lngPlayRuler());
+  listItems(parts);
   loadPlayItem(parts);
   // With the stored item loaded, so that its name and position are shown, too.
   parts.panel.setFaceBySysConfigPara(config);

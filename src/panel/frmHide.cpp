@@ -1,5 +1,7 @@
 #include "panel/frmHide.h"
 
+#include <utility>
+
 #include "app/Request.h"
 #include "panel/ExitQuestion.h"
 #include "panel/Icons.h"
@@ -65,7 +67,7 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
   onClose.listen([this] { controler_.exitSys(); });
   onEndSession.listen([this] { controler_.exitSys(); });
   onUnload.listen([this] {
-    if (isOpen()) services_.icons.remove(record());
+    if (std::exchange(loaded_, false)) services_.icons.remove(record());
     removeHiddenWinProc();
     timDelayCallWinProc.setEnabled(false);
   });
@@ -78,7 +80,7 @@ frmHide::~frmHide() {
 void frmHide::load() {
   services_.toolkit.open(*this);
   services_.winProc.installHiddenWinProc(nativeHandle(), *this);
-  listening_ = true;
+  loaded_ = listening_ = true;
   services_.icons.add(record());
   setCaption(request::kWindowTitle);
 }

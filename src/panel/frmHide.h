@@ -77,6 +77,7 @@ class frmHide : public ui::Form, public TrayFace, private HiddenWinProc::Listene
   TrayServices services_;
   Controler& controler_;
   RequestReceiver& requests_;
+  bool loaded_ = false;
   bool listening_ = false;  ///< from the load until the program leaves
   int presented_ = 0;       ///< menus and dialogs that are up
 };

@@ -1,9 +1,5 @@
 #include "platform/win32/Win32TrayIcons.h"
 
-#include <windows.h>
-// After windows.h, which it needs:
-#include <shellapi.h>
-
 #include <algorithm>
 #include <span>
 
@@ -29,6 +25,8 @@ UniqueIcon load(int icon) {
                                                   GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR)));
 }
 
+}  // namespace
+
 NOTIFYICONDATAW shellRecord(const TrayIconRecord& record) {
   NOTIFYICONDATAW data{};
   data.cbSize = NOTIFYICONDATAW_V2_SIZE;
@@ -45,8 +43,6 @@ NOTIFYICONDATAW shellRecord(const TrayIconRecord& record) {
   store(data.szInfoTitle, record.infoTitle);
   return data;
 }
-
-}  // namespace
 
 void Win32TrayIcons::add(const TrayIconRecord& record) {
   // The shell makes a copy of the picture.

@@ -366,14 +366,14 @@ TEST_F(PlayListPageTest, AltLettersPressTheButtonsOfThePageThatIsShown) {
 TEST_F(PlayListPageTest, TabLeadsToEveryControlThatDoesSomething) {
   const ui::Control* at = nullptr;
   std::string path;
-  for (int i = 0; i < 16; ++i) {
+  for (int i = 0; i < 17; ++i) {
     at = ui::nextInTabOrder(main, at, false);
     path += at->name() + " ";
   }
   EXPECT_EQ(path,
             "txtFileName sldJinDu cmdPlay cmdStop picJingFangYin sldVolume cmdSetScreen "
-            "comboPlayRuler cmdRecyclePlayPL cmdHideShowPL tsLists lvPlayList chkToDeleteAll "
-            "cmdPLAdd cmdPLDelete cmdPLUp ");
+            "comboPlayRuler cmdRecyclePlayPL cmdMenu cmdHideShowPL tsLists lvPlayList "
+            "chkToDeleteAll cmdPLAdd cmdPLDelete cmdPLUp ");
 }
 
 TEST_F(PlayListPageTest, ControlsWithoutATextHaveANameForScreenReaders) {

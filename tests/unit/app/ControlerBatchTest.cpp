@@ -195,9 +195,9 @@ TEST_F(ControlerBatchTest, LeavingCompletesTheAdditionsBehindAHiddenPanelAndStor
   trace.take();
   controler.exitSys();
   const std::string all = trace.take();
-  EXPECT_TRUE(
-      all.starts_with("panel hidden | row d.avi | row e.avi | row f.avi | row g.avi | select " +
-                      key(1) + " | adding 0/0 | panel gone"))
+  EXPECT_TRUE(all.starts_with(
+      "requests end | panel hidden | row d.avi | row e.avi | row f.avi | row g.avi | select " +
+      key(1) + " | adding 0/0 | panel gone"))
       << all;
   PlayList stored(keys);
   stored.strPLDBFilePath(database);
@@ -209,7 +209,7 @@ TEST_F(ControlerBatchTest, LeavingWithNothingUnderWayDoesNotHideThePanelFirst) {
   add("ab");
   trace.take();
   controler.exitSys();
-  EXPECT_TRUE(trace.take().starts_with("panel gone"));
+  EXPECT_TRUE(trace.take().starts_with("requests end | panel gone"));
 }
 
 TEST_F(ControlerBatchTest, WhatABatchWasToPlayIsNotStartedWhileLeaving) {
@@ -240,7 +240,7 @@ TEST_F(ControlerBatchTest, ThePanelCompletesItsWorkBeforeTheAdditionsAndBeforeAn
     panel.shownPosition = 12;
   };
   controler.exitSys();
-  EXPECT_TRUE(trace.take().starts_with("panel finishes | panel hidden | row d.avi"));
+  EXPECT_TRUE(trace.take().starts_with("requests end | panel finishes | panel hidden | row d.avi"));
   PlayList stored(keys);
   stored.strPLDBFilePath(database);
   ASSERT_TRUE(stored.boolGetPlayListFromPLDB());
@@ -270,7 +270,9 @@ TEST_F(ControlerBatchTest, NothingIsAddedWhileTheEnginesSettle) {
   };
   trace.take();
   controler.exitSys();
-  EXPECT_EQ(trace.take(), "panel gone | wmp sound | real sound | pump 200 | real gone | quit");
+  EXPECT_EQ(trace.take(),
+            "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
+            "| quit");
   EXPECT_EQ(playList.lngListCount(), 1);
 }
 
