@@ -18,7 +18,7 @@ class SharedMemory {
   /// Opens the mapping, or makes one of so many bytes that everybody may open. 0 on failure.
   virtual MappingHandle createFileMapping(const std::string& name, std::int32_t bytes) = 0;
   /// The whole mapping, to read and write: as many bytes as it really has, rounded up to whole
-  /// pages. Empty on failure.
+  /// pages, or the part of it from the beginning that can be used. Empty on failure.
   virtual std::span<std::uint8_t> mapView(MappingHandle mapping) = 0;
   virtual bool unmapView(std::span<std::uint8_t> view) = 0;
   virtual bool closeHandle(MappingHandle mapping) = 0;

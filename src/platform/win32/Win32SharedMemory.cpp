@@ -27,7 +27,12 @@ std::span<std::uint8_t> Win32SharedMemory::mapView(MappingHandle mapping) {
   auto* const view = static_cast<std::uint8_t*>(
       MapViewOfFile(reinterpret_cast<HANDLE>(mapping), FILE_MAP_WRITE, 0, 0, 0));
   MEMORY_BASIC_INFORMATION region{};
-  if (!view || VirtualQuery(view, &region, sizeof region) == 0) return {};
+  if (!view) return {};
+  // Pages that are only reserved must not be touched.
+  if (VirtualQuery(view, &region, sizeof region) == 0 || region.State != MEM_COMMIT) {
+    UnmapViewOfFile(view);
+    return {};
+  }
   return {view, region.RegionSize};
 }
 

@@ -55,6 +55,14 @@ TEST_F(Win32SharedMemoryTest, WhatIsNoMappingHasNoView) {
   EXPECT_EQ(memory.createFileMapping(name, 0), 0U);
 }
 
+TEST_F(Win32SharedMemoryTest, PagesThatAreOnlyReservedAreNotTouched) {
+  const HANDLE reserved = CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+                                             PAGE_READWRITE | SEC_RESERVE, 0, 65536, nullptr);
+  ASSERT_TRUE(reserved);
+  EXPECT_TRUE(memory.mapView(reinterpret_cast<MappingHandle>(reserved)).empty());
+  CloseHandle(reserved);
+}
+
 TEST_F(Win32SharedMemoryTest, EverybodyMayOpenIt) {
   const MappingHandle mapping = memory.createFileMapping(name, 100);
   PACL list = reinterpret_cast<PACL>(1);
