@@ -9,7 +9,10 @@ long=$(player_windows_path "$clips/long.mp4")
 chinese=$(player_windows_path "$clips/中文 影片.mp4")
 player=$(player_windows_path "$folder/Tessivo.exe")
 
-ask() { player_wine "$PLAYER_PROGRAMS/tests/send_request.exe" "$@" | tr -d '\r'; }
+# A player that it starts writes to the same output what the sound library has to say.
+ask() {
+  player_wine "$PLAYER_PROGRAMS/tests/send_request.exe" "$@" | tr -d '\r' | sed '/^ALSA lib/d'
+}
 asked() {
   found=$(ask "${@:2}" | tr '\n' '|')
   # shellcheck disable=SC2053  # a pattern
