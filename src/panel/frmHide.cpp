@@ -62,7 +62,7 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
   });
   // A second instance brings this window to the foreground; the user is to see the panel there.
   onActivate.listen([this] {
-    if (listening_ && presented_ == 0) controler_.activateMainFace();
+    if (presented_ == 0) controler_.activateMainFace();
   });
   onClose.listen([this] { controler_.exitSys(); });
   onEndSession.listen([this] { controler_.exitSys(); });

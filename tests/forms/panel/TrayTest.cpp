@@ -75,6 +75,21 @@ TEST_F(TrayTest, TheProcedureIsReplacedBeforeTheIconComes) {
   EXPECT_EQ(winProc.window, trayForm.nativeHandle());
 }
 
+TEST_F(TrayTest, LiesOnThePrimaryMonitorAboveTheShowSoThatItsDialogsDo) {
+  EXPECT_EQ(trayForm.left(), 0);
+  EXPECT_EQ(trayForm.top(), 0);
+  EXPECT_GT(trayForm.width(), 0);
+  EXPECT_LE(trayForm.width(), 9000);
+  EXPECT_TRUE(trayForm.topmost());
+  bool above = false;
+  world->answerDialogs([&](ui::Form& form) {
+    above = form.topmost();
+    world->close(form);
+  });
+  trayForm.mnuAbout.choose();
+  EXPECT_TRUE(above);
+}
+
 TEST_F(TrayTest, TheRecordIsFilled) {
   const TrayIconRecord& record = icons.last;
   EXPECT_EQ(record.window, trayForm.nativeHandle());
@@ -248,6 +263,12 @@ TEST_F(TrayTest, UnloadedItTakesTheIconAwayAndPutsTheProcedureBack) {
   EXPECT_TRUE(icons.shown.empty());
   trayForm.unload();
   EXPECT_EQ(trace.take(), "");
+}
+
+TEST_F(TrayTest, UnloadedItsGuardDoesNotTickOn) {
+  winProc.listener->copyData(1, *request::encode("C:\\v\\a.avi"));
+  trayForm.unload();
+  EXPECT_FALSE(trayForm.timDelayCallWinProc.enabled());
 }
 
 TEST_F(TrayTest, OnceTheProgramLeavesItHearsNothing) {
