@@ -19,6 +19,9 @@
 //                and buttons only of the program's own
 //   dialog-where NAME  "x y width height" of that control of the dialog
 //   menu         "x y width height" of the pop-up menu that is open, if any
+//   icon CODE    say to the tray's window what the notification area does when CODE, the number of
+//   a
+//                mouse message, happens to the icon
 //   taskbar-created   say to all windows what the shell says when its task bar is new
 //   session-ends      ask and tell the player's windows, in front first, what the system does when
 //                     the user logs off, and wait until the player has ended (20 s)
@@ -295,6 +298,14 @@ void leaveAndKill(int afterMs) {
   player.kill();
 }
 
+void tellOfIcon(int code) {
+  constexpr UINT kCallbackMessage = 512;
+  constexpr WPARAM kIcon = 123;
+  const HWND tray = FindWindowW(nullptr, kTrayTitle);
+  if (!tray) fail("no tray window");
+  PostMessageW(tray, kCallbackMessage, kIcon, code);
+}
+
 void sayTaskbarCreated() {
   PostMessageW(HWND_BROADCAST, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
 }
@@ -357,6 +368,7 @@ void carryOut(const std::string& command) {
       {"dialog", showDialog},
       {"dialog-where", [] { printDialogWhere(nextWord()); }},
       {"menu", showMenu},
+      {"icon", [] { tellOfIcon(nextNumber()); }},
       {"taskbar-created", sayTaskbarCreated},
       {"session-ends", endSession},
       {"session-stays", keepSession},
