@@ -168,10 +168,13 @@ class Program {
   ui::Win32Toolkit toolkit_{TwipsPerPixel{}, log_};
   FakeFileDialogs fileDialogs_;
   FakeShell shell_;
+  ExitQuestion exitQuestion_{toolkit_, controler_};
 
  public:
   frmMain panel{
-      {toolkit_, timers_, clock_, pointer_, windows_, fileDialogs_, shell_, ""}, {}, controler_};
+      {toolkit_, timers_, clock_, pointer_, windows_, fileDialogs_, shell_, exitQuestion_, ""},
+      {},
+      controler_};
 };
 
 void run(int rows) {

@@ -16,6 +16,7 @@
 #include "data/PrepareDatabase.h"
 #include "monitors/AimMonitor.h"
 #include "monitors/cMonitors.h"
+#include "panel/ExitQuestion.h"
 #include "panel/frmHide.h"
 #include "panel/frmMain.h"
 #include "platform/FileLog.h"
@@ -130,10 +131,13 @@ int runProgram() {
   RequestReceiver requests(controler, commandLines, *log);
   Win32HiddenWinProc hiddenWinProc(*log);
   Win32TrayIcons trayIcons;
-  frmHide tray({toolkit, timers, hiddenWinProc, trayIcons, shell, win32OsVersion(), paths.helpPage},
+  ExitQuestion exitQuestion(toolkit, controler);
+  frmHide tray({toolkit, timers, hiddenWinProc, trayIcons, shell, exitQuestion, win32OsVersion(),
+                paths.helpPage},
                displays.twipsPerPixel(), controler, requests);
-  frmMain panel({toolkit, timers, clock, pointer, windows, fileDialogs, shell, paths.helpPage},
-                displays.twipsPerPixel(), controler);
+  frmMain panel(
+      {toolkit, timers, clock, pointer, windows, fileDialogs, shell, exitQuestion, paths.helpPage},
+      displays.twipsPerPixel(), controler);
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});

@@ -67,6 +67,8 @@ void CommandLine::addSelection(const std::string& text, bool play) {
     mapping.UFV();
     mapping.CFM();
   }
+  // Also when the mapping went between the two looks at it, and was made anew.
+  if (selection.empty() || selection.front() == '\0') return refuse("nothing in " + fields[1]);
   auto paths = split(selection, kPathSeparator);
   paths.insert(paths.begin(), "");  // counted from 1
   controler_.BatchAddMovie(std::move(paths), play);

@@ -1,6 +1,7 @@
 #include "app/Controler.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "base/Text.h"
 #include "monitors/cMonitor.h"
@@ -97,18 +98,36 @@ void Controler::listenToScreen() {
 void Controler::exitSys() {
   if (exiting_) return;
   exiting_ = true;
-  if (!panel_) return services_.loop.quit();
-  tray_->removeHiddenWinProc();
-  services_.caughtWindows.giveBackAll();
-  panel_->finishWork();
-  finishAdding();
-  saveResumePoint();
-  takeFormsDown();
-  m_objMouseHideShow_.reset();  // shows the pointer
-  saveAll();
-  services_.shownWindows.stop();
+  if (panel_) {
+    // A step that fails must not keep the others from being done, nor the program from ending.
+    using Step = void (Controler::*)();
+    for (const Step step :
+         {&Controler::hearNobody, &Controler::finishWork, &Controler::saveResumePoint,
+          &Controler::takeFormsDown, &Controler::saveSettings, &Controler::savePlayList}) {
+      attempt([this, step] { (this->*step)(); });
+    }
+    services_.shownWindows.stop();
+  }
   services_.log.info("stop");
   services_.loop.quit();
+}
+
+void Controler::attempt(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const std::exception& e) {
+    services_.log.error(std::string("unexpected error while leaving: ") + e.what());
+  }
+}
+
+void Controler::hearNobody() {
+  tray_->removeHiddenWinProc();
+  services_.caughtWindows.giveBackAll();
+}
+
+void Controler::finishWork() {
+  panel_->finishWork();
+  finishAdding();
 }
 
 void Controler::saveResumePoint() {
@@ -119,19 +138,23 @@ void Controler::saveResumePoint() {
 
 /// Nobody waits for a window any more, so a database that another program holds for a moment (a
 /// virus scanner, a backup) is tried for longer than while the forms were there.
-void Controler::saveAll() {
-  const auto patiently = [this](const auto& save) {
-    for (int attempt = 1; !save(); ++attempt) {
-      if (attempt == kSaveAttempts) return false;
-      services_.loop.pumpFor(kSaveAgainMs);
-    }
-    return true;
-  };
-  if (!patiently([this] { return config_.boolSaveData(); })) {
+bool Controler::savePatiently(const std::function<bool()>& save) {
+  for (int attempts = 1; !save(); ++attempts) {
+    if (attempts == kSaveAttempts) return false;
+    services_.loop.pumpFor(kSaveAgainMs);
+  }
+  return true;
+}
+
+void Controler::saveSettings() {
+  if (!savePatiently([this] { return config_.boolSaveData(); })) {
     services_.log.error("settings not saved: " + config_.strReport());
   }
+}
+
+void Controler::savePlayList() {
   if (!config_.boolSavePlayList()) return;
-  if (!patiently([this] { return playList_->boolSavePlayListToPLDB(); })) {
+  if (!savePatiently([this] { return playList_->boolSavePlayListToPLDB(); })) {
     services_.log.error("playlist not saved: " + playList_->strReport());
   } else if (!playList_->strReport().empty()) {
     services_.log.info("playlist saved; " + playList_->strReport());
@@ -147,6 +170,7 @@ void Controler::takeFormsDown() {
   screen_->hide();
   screen_->unloadScreen();
   tray_->hideAndUnloadTray();
+  m_objMouseHideShow_.reset();  // shows the pointer
 }
 
 bool Controler::play() {

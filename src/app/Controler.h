@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,6 +69,8 @@ class Controler {
   /// the item that played. A second call, from an event inside the first, does nothing. Before the
   /// references are set there is nothing to save: the loop ends as soon as it begins.
   void exitSys();
+  /// Whether the program is about to end.
+  bool leaves() const { return exiting_; }
 
   bool play();
   void pause();
@@ -81,7 +84,8 @@ class Controler {
   void setMute(bool mute);
   bool boolGetMuteValue() const;
 
-  /// Adds one file; nothing when the path is neither a web address nor an existing file. Double
+  /// Adds one file; nothing when the path is neither a web address nor an existing file, or longer
+  /// than the system's longest. Double
   /// quotes around the path are not part of it, nor is anything from a NUL on.
   MoviePtr AddAMovieToPL(const std::string& path);
   /// Adds the paths from index 1 on and, if asked, plays the first one added. A few are added
@@ -160,9 +164,14 @@ class Controler {
   void finishAdding();
   void showOn(const cMonitor& monitor);
   void switchFullScreen(bool fullScreen);
+  void attempt(const std::function<void()>& step);
+  void hearNobody();
+  void finishWork();
   void saveResumePoint();
   void takeFormsDown();
-  void saveAll();
+  bool savePatiently(const std::function<bool()>& save);
+  void saveSettings();
+  void savePlayList();
 
   ControlerServices services_;
   SysConfig config_;

@@ -7,6 +7,12 @@
 #include "base/Text.h"
 
 namespace tessivo {
+namespace {
+
+/// UTF-16 characters; the system knows no longer one.
+constexpr std::size_t kLongestPath = 32767;
+
+}  // namespace
 
 bool Controler::isAcceptable(const std::string& path) const {
   return containsNoCase(path, "http") || services_.files.fileExists(path);
@@ -15,6 +21,10 @@ bool Controler::isAcceptable(const std::string& path) const {
 MoviePtr Controler::AddAMovieToPL(const std::string& path) {
   // The last path of a selection in shared memory comes with the zero bytes that fill it up.
   const std::string plain(unquoted(path.substr(0, path.find('\0'))));
+  if (toUtf16(plain).size() > kLongestPath) {
+    services_.log.error("not added, too long: " + plain.substr(0, kLongestPath / 100) + "…");
+    return nullptr;
+  }
   if (!isAcceptable(plain)) {
     services_.log.error("not added, no such file: " + plain);
     return nullptr;

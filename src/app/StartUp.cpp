@@ -78,6 +78,7 @@ void startUp(const StartUpParts& parts) {
   loadPlayItem(parts);
   // With the stored item loaded, so that its name and position are shown, too.
   parts.panel.setFaceBySysConfigPara(config);
+  if (parts.controler.leaves()) return;  // the session ended meanwhile
   showPanel(parts);
   parts.requests.boolSysReady(true);
   parts.commandLines.processCmdLine(parts.commandLine);

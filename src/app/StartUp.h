@@ -28,7 +28,8 @@ struct StartUpParts {
   std::function<void()> loadPanel;  ///< creates the control panel, hidden
 };
 
-/// From the settings to the first play, in the fixed order. The control panel is shown when it is
+/// From the settings to the first play, in the fixed order, but that the panel takes its settings
+/// when the stored item is loaded, whose name and position it shows, and is itself shown when it is
 /// complete: nobody may press a button of a panel whose controller has no playback window yet.
 /// Afterwards the program lives in the message loop.
 void startUp(const StartUpParts& parts);

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "app/Request.h"
-#include "panel/ExitQuestion.h"
 #include "panel/Icons.h"
 #include "panel/frmAbout.h"
 #include "prereq/CheckOSVersion.h"
@@ -60,8 +59,10 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
   onMouseMove.listen([this](const ui::MouseEvent& event) {
     takeNotification(toPixels(event.x, this->twipsPerPixel().x));
   });
-  // A second instance brings this window to the foreground; the user is to see the panel there.
+  // A second instance brings this window to the foreground; the user is to see the panel there, or
+  // the dialog that is up.
   onActivate.listen([this] {
+    if (!enabled()) return activate();
     if (presented_ == 0) controler_.activateMainFace();
   });
   onClose.listen([this] { controler_.exitSys(); });
@@ -131,17 +132,19 @@ void frmHide::showAbout() {
 }
 
 void frmHide::askToExit() {
-  present([this] {
-    if (confirmsExit(services_.toolkit, *this)) controler_.exitSys();
-  });
+  present([this] { services_.exitQuestion.ask(*this); });
 }
 
 void frmHide::present(const std::function<void()>& menuOrDialog) {
   // A dialog switches its owner off.
   if (!enabled()) return activate();
-  ++presented_;
+  struct Presented {
+    explicit Presented(int& count) : count_(++count) {}
+    ~Presented() { --count_; }
+    int& count_;
+  };
+  const Presented presented(presented_);
   menuOrDialog();
-  --presented_;
 }
 
 TrayIconRecord frmHide::record() const {

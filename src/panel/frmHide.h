@@ -6,6 +6,7 @@
 #include "app/Controler.h"
 #include "app/RequestReceiver.h"
 #include "app/TrayFace.h"
+#include "panel/ExitQuestion.h"
 #include "platform/HiddenWinProc.h"
 #include "platform/OsVersion.h"
 #include "platform/Shell.h"
@@ -23,6 +24,7 @@ struct TrayServices {
   HiddenWinProc& winProc;
   TrayIcons& icons;
   Shell& shell;
+  ExitQuestion& exitQuestion;
   OsVersion osVersion;
   std::string helpPage;
 };

@@ -7,6 +7,7 @@
 #include "app/Controler.h"
 #include "app/PanelFace.h"
 #include "app/SlicedWork.h"
+#include "panel/ExitQuestion.h"
 #include "platform/FileDialogs.h"
 #include "platform/Shell.h"
 #include "ui/Controls.h"
@@ -24,6 +25,7 @@ struct PanelServices {
   const DesktopWindows& windows;
   FileDialogs& fileDialogs;
   Shell& shell;
+  ExitQuestion& exitQuestion;
   std::string helpPage;
 };
 
@@ -199,7 +201,6 @@ class frmMain : public ui::Form, public PanelFace {
   void listenToMenu();
   void openHelp();
   void showAbout();
-  void askToExit();
 
   // frmMainList
   void listenToList();

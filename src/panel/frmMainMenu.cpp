@@ -1,5 +1,4 @@
 // The control panel's copies of what the tray's menu has.
-#include "panel/ExitQuestion.h"
 #include "panel/frmAbout.h"
 #include "panel/frmMain.h"
 
@@ -12,7 +11,7 @@ void frmMain::listenToMenu() {
   mnuAbout.onClick.listen([this] { showAbout(); });
   mnuHideFace.onClick.listen([this] { hide(); });
   for (ui::MenuItem* item : {&mnuExit, &mnuExit2}) {
-    item->onClick.listen([this] { askToExit(); });
+    item->onClick.listen([this] { services_.exitQuestion.ask(*this); });
   }
   cmdMenu.onClick.listen([this] {
     const Rect& button = cmdMenu.bounds();
@@ -30,10 +29,6 @@ void frmMain::openHelp() {
 void frmMain::showAbout() {
   frmAbout about(services_.shell, twipsPerPixel());
   about.showOver(services_.toolkit, *this);
-}
-
-void frmMain::askToExit() {
-  if (confirmsExit(services_.toolkit, *this)) controler_.exitSys();
 }
 
 }  // namespace tessivo

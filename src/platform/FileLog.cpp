@@ -17,8 +17,16 @@ std::string stamp(const LocalTime& time) {
   return dateTimeText(time) + milliseconds;
 }
 
+/// What is too long ends before a character that it would cut.
+std::string_view cut(std::string_view text) {
+  if (text.size() <= FileLog::kLongestText) return text;
+  std::size_t end = FileLog::kLongestText;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+  return text.substr(0, end);
+}
+
 std::string oneLine(std::string_view text) {
-  std::string line(text);
+  std::string line(cut(text));
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
   return line;

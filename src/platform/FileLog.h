@@ -17,6 +17,8 @@ namespace tessivo {
 class FileLog : public Log {
  public:
   static constexpr std::uintmax_t kSizeLimit = 1'048'576;
+  /// Bytes of a text that are written; of a longer one the rest is left out.
+  static constexpr std::size_t kLongestText = 8192;
 
   /// `path` is UTF-8; what is there already is continued. The clock must outlive the log.
   FileLog(const std::string& path, const Clock& clock, std::uintmax_t sizeLimit = kSizeLimit);

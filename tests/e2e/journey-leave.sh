@@ -107,6 +107,9 @@ session_end() { player_drive session-ends; }
 before_session_end() { :; }
 by_tray() { answer cmdYes; }
 before_by_tray() { question; }
+# The question lies below.
+by_question_below() { player_drive answer cmdYes; }
+before_by_question_below() { question && "$over"; }
 by_panel() { answer cmdYes; }
 before_by_panel() { question_of_panel; }
 by_background() { answer cmdYes; }
@@ -159,4 +162,8 @@ for way in from_outside session_end; do
 done
 # The tray's menu also works over the panel's dialogs.
 for state in about_of_panel notice file_dialog; do leaves_from "$state" by_tray; done
+# And the other way round: what comes up over its question does not hold up a yes.
+for over in about_of_panel file_dialog panel_menu; do
+  leaves_from stopped by_question_below
+done
 session_stays

@@ -26,16 +26,6 @@ calm_second_start() {
   second_start "$@"
 }
 one_player() { asked '1|' players; }
-panel_is() {
-  found="panel $(player_shows panel)"
-  [[ $found == *" $1" ]]
-}
-hide_panel() {
-  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null
-  player_wait 5 player_has_x_focus || return
-  key alt+F4
-  player_wait 10 panel_is hidden
-}
 minimise_panel() {
   xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowminimize
   player_wait 10 shows panel-state minimised
@@ -114,6 +104,14 @@ check "the question is still there" asks_whether_to_leave
 check "Enter says no" enter_says_no
 check "the player goes on" one_player
 is_stopped
+
+tray_asks_whether_to_leave() {
+  player_drive icon 516 && player_wait 5 menu_is_there && key x && player_wait 5 asks_whether_to_leave
+}
+check "the tray asks whether to leave" tray_asks_whether_to_leave
+check "a second start ends by itself again" calm_second_start
+check "the question is still there" asks_whether_to_leave
+check "with the keyboard: Enter says no" enter_says_no
 
 # -- The guard against bursts.
 twice() {

@@ -11,6 +11,8 @@
 #   dialog_says TEXT        a notice is up over the panel
 #   enter_closes_notice     it has the keyboard, and Enter closes it
 #   row_is N NAME           the name in that row
+#   panel_is STATE          visible or hidden
+#   hide_panel              by its close box
 # shellcheck source=tests/e2e/journey.sh
 source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
 
@@ -76,4 +78,15 @@ enter_closes_notice() {
 row_is() {
   found=$(player_drive cells "$1")
   [[ $found == "$2 | "* ]]
+}
+panel_is() {
+  found="panel $(player_shows panel)"
+  [[ $found == *" $1" ]]
+}
+# Once the X server gives the panel the keyboard, so that the keys reach its close box.
+hide_panel() {
+  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null
+  player_wait 5 player_has_x_focus || return
+  key alt+F4
+  player_wait 10 panel_is hidden
 }

@@ -18,7 +18,6 @@
 #   about_is_up             likewise
 #   answer BUTTON           the dialog, with the mouse: cmdYes or cmdNo
 #   dialog_key KEY…         to the dialog
-#   hide_panel              by its close box
 #   leaves WHAT COMMAND…    the command is the decision to leave: the player ends within two seconds,
 #                           in order, and nothing of it stays on the desktop
 # shellcheck source=tests/e2e/panel.sh
@@ -119,18 +118,6 @@ dialog_key() {
     player_wait 5 has_x_focus "$title" || return
   fi
   key "$@"
-}
-
-# Once the X server gives the panel the keyboard, so that the keys reach its close box.
-hide_panel() {
-  xdotool search --name '^Tessivo 泰思维$' windowactivate 2>/dev/null
-  player_wait 5 player_has_x_focus || return
-  key alt+F4
-  player_wait 5 panel_is hidden
-}
-panel_is() {
-  found=$(player_shows panel)
-  [[ $found == *" $1" ]]
 }
 
 # Set when an engine hangs: now and then Wine, when it ends the process, crashes in that thread.

@@ -46,7 +46,10 @@ struct FakePanel : PanelFace {
     trace.add("panel to " + std::to_string(upperLeft.x) + "," + std::to_string(upperLeft.y));
   }
   void restoreFace() override { trace.add("panel restored"); }
-  void bringFaceToFront() override { trace.add("panel front"); }
+  void bringFaceToFront() override {
+    trace.add("panel front");
+    if (whileShown) whileShown();
+  }
   void keepFaceOnTop(bool onTop) override { trace.add(onTop ? "panel on top" : "panel normal"); }
   void hideFace() override { trace.add("panel hidden"); }
   void hideAndUnloadFace() override {
@@ -58,6 +61,7 @@ struct FakePanel : PanelFace {
   Trace& trace;
   std::function<void()> whileAddingRow;
   std::function<void()> whileFinishing;
+  std::function<void()> whileShown;
   std::int32_t shownLength = 100;
   std::int32_t shownPosition = 0;
   Rect rect{100, 100, 400, 300};

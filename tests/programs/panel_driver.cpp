@@ -14,14 +14,13 @@
 //   tick-at N    "x y" of that row's check box
 //   cells N      that row's texts, " | " between them
 //   error N      the same of row N of the error log
-//   dialog       the title, text, buttons and place of the player's dialog that is up, if any:
-//   texts
+//   dialog       the title, text, buttons and place of the player's dialog in front, if any: texts
 //                and buttons only of the program's own
 //   dialog-where NAME  "x y width height" of that control of the dialog
 //   menu         "x y width height" of the pop-up menu that is open, if any
 //   icon CODE    say to the tray's window what the notification area does when CODE, the number of
-//   a
-//                mouse message, happens to the icon
+//                a mouse message, happens to the icon
+//   answer NAME  press that button of whichever dialog has one, also below another
 //   taskbar-created   say to all windows what the shell says when its task bar is new
 //   session-ends      ask and tell the player's windows, in front first, what the system does when
 //                     the user logs off, and wait until the player has ended (20 s)
@@ -251,6 +250,19 @@ void printDialogWhere(const std::string& name) {
   printPlace(control);
 }
 
+void answer(const std::string& name) {
+  std::pair<std::string, HWND> search(name, nullptr);
+  const auto look = [](HWND window, LPARAM into) {
+    auto& [wanted, found] = *reinterpret_cast<std::pair<std::string, HWND>*>(into);
+    const HWND button = IsWindowVisible(window) ? findControl(window, wanted) : nullptr;
+    if (button && IsWindowVisible(button)) found = button;
+    return static_cast<BOOL>(found == nullptr);
+  };
+  EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+  if (!search.second) fail("no dialog with a button " + name);
+  PostMessageW(search.second, BM_CLICK, 0, 0);
+}
+
 void showMenu() {
   const HWND menu = FindWindowW(L"#32768", nullptr);
   if (menu && IsWindowVisible(menu)) printPlace(menu);
@@ -366,6 +378,7 @@ void carryOut(const std::string& command) {
       {"cells", [] { printCells("lvPlayList", nextNumber(), 3); }},
       {"error", [] { printCells("lvPlayErrLogList", nextNumber(), 4); }},
       {"dialog", showDialog},
+      {"answer", [] { answer(nextWord()); }},
       {"dialog-where", [] { printDialogWhere(nextWord()); }},
       {"menu", showMenu},
       {"icon", [] { tellOfIcon(nextNumber()); }},

@@ -7,7 +7,9 @@
 namespace tessivo {
 
 SingleInstance::SingleInstance(const std::string& name) {
-  mutex_ = CreateMutexW(nullptr, FALSE, toWide("Local\\" + name).c_str());
+  // Named, so that nothing is freed between the call and its error.
+  const std::wstring wideName = toWide("Local\\" + name);
+  mutex_ = CreateMutexW(nullptr, FALSE, wideName.c_str());
   const DWORD error = GetLastError();
   // That of an instance with more rights may not even be opened.
   isFirst_ = error != ERROR_ALREADY_EXISTS && error != ERROR_ACCESS_DENIED;

@@ -29,7 +29,8 @@ void Win32MessageLoop::pumpFor(int ms) {
 
 void Win32MessageLoop::quit() {
   quitting_ = true;
-  // Windows' own loops (a menu, a system dialog) end by the message.
+  // Windows' own loops: that of a system dialog ends by the message; that of a menu may not.
+  EndMenu();
   PostQuitMessage(0);
 }
 

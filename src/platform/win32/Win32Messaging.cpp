@@ -7,8 +7,8 @@
 namespace tessivo {
 namespace {
 
-/// A receiver that does not answer for so long is not waited for; one that hangs, as the system
-/// knows, not even that long.
+/// A receiver that does not answer for so long is not waited for. One that the system takes for
+/// hanging is: it may be busy with a slow disk, and what the user wants would be lost.
 constexpr UINT kAnswerMs = 10000;
 
 HWND hwnd(WindowHandle window) {
@@ -33,7 +33,7 @@ bool Win32Messaging::sendCopyData(WindowHandle target, std::uintptr_t wParam, st
   // This program was started by the user just now, so it may hand the foreground on.
   AllowSetForegroundWindow(receiver);
   return SendMessageTimeoutW(hwnd(target), WM_COPYDATA, wParam, reinterpret_cast<LPARAM>(&data),
-                             SMTO_ABORTIFHUNG, kAnswerMs, nullptr) != 0;
+                             SMTO_NORMAL, kAnswerMs, nullptr) != 0;
 }
 
 void Win32Messaging::bringToForeground(WindowHandle window) {

@@ -120,7 +120,9 @@ class PanelFixture : public ControlerFixture {
   std::unique_ptr<ui::FormWorld> world = ui::makeFormWorld();
   FakeFileDialogs fileDialogs;
   FakeShell shell;
-  frmMain main{{world->toolkit(), time, time, pointer, windows, fileDialogs, shell, "C:\\Help.htm"},
+  ExitQuestion exitQuestion{world->toolkit(), controler};
+  frmMain main{{world->toolkit(), time, time, pointer, windows, fileDialogs, shell, exitQuestion,
+                "C:\\Help.htm"},
                {},
                controler};
 };

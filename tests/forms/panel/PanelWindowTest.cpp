@@ -125,8 +125,9 @@ TEST_F(PanelWindowTest, TheWindowsStateIsRecordedEverySecond) {
 }
 
 TEST_F(PanelWindowTest, ItOpensInTheMiddleOfTheWorkArea) {
-  frmMain other({world->toolkit(), time, time, pointer, windows, fileDialogs, shell, ""}, {},
-                controler);
+  frmMain other(
+      {world->toolkit(), time, time, pointer, windows, fileDialogs, shell, exitQuestion, ""}, {},
+      controler);
   other.load({100, 50, 1000, 900});
   const Rect face = other.windowRect();
   EXPECT_NEAR(face.left + face.width / 2, 600, 1);
@@ -135,8 +136,9 @@ TEST_F(PanelWindowTest, ItOpensInTheMiddleOfTheWorkArea) {
 }
 
 TEST_F(PanelWindowTest, ASmallWorkAreaIsNotExceeded) {
-  frmMain other({world->toolkit(), time, time, pointer, windows, fileDialogs, shell, ""}, {},
-                controler);
+  frmMain other(
+      {world->toolkit(), time, time, pointer, windows, fileDialogs, shell, exitQuestion, ""}, {},
+      controler);
   other.load({0, 0, 700, 400});
   EXPECT_LE(other.windowRect().width, 700);
   EXPECT_LE(other.windowRect().height, 400);

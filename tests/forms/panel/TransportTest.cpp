@@ -304,8 +304,9 @@ TEST_F(TransportTest, ChangingTheRuleWhilePausedStops) {
 }
 
 TEST_F(TransportTest, BeforeTheSettingsAreAppliedTheRulesAreIgnored) {
-  frmMain other({world->toolkit(), time, time, pointer, windows, fileDialogs, shell, ""}, {},
-                controler);
+  frmMain other(
+      {world->toolkit(), time, time, pointer, windows, fileDialogs, shell, exitQuestion, ""}, {},
+      controler);
   other.load({0, 0, 1280, 984});
   other.comboPlayRuler.choose(1);
   EXPECT_EQ(screen.lngPlayRuler(), playRule::kRealOnly);

@@ -43,8 +43,8 @@ class TrayTest : public PanelFixture {
   bool panelIsThere() { return world->isVisible(main); }
   bool left() { return trace.take().find("quit") != std::string::npos; }
   std::string iconOn(const OsVersion& version) {
-    frmHide other({world->toolkit(), time, winProc, icons, shell, version, ""}, {}, controler,
-                  requests);
+    frmHide other({world->toolkit(), time, winProc, icons, shell, exitQuestion, version, ""}, {},
+                  controler, requests);
     other.load();
     return icons.last.icon == icon::kTray               ? "XP"
            : icons.last.icon == icon::kTrayOfOldWindows ? "2000"
@@ -56,10 +56,11 @@ class TrayTest : public PanelFixture {
   RequestReceiver requests{controler, lines, log};
   FakeTrayIcons icons{trace};
   FakeHiddenWinProc winProc{trace};
-  frmHide trayForm{{world->toolkit(), time, winProc, icons, shell, kXp, "C:\\p\\Help\\F.htm"},
-                   {},
-                   controler,
-                   requests};
+  frmHide trayForm{
+      {world->toolkit(), time, winProc, icons, shell, exitQuestion, kXp, "C:\\p\\Help\\F.htm"},
+      {},
+      controler,
+      requests};
 };
 
 TEST_F(TrayTest, IsNeverSeenAndCarriesTheTitleByWhichItIsFound) {
@@ -207,6 +208,38 @@ TEST_F(TrayTest, TheExitEntryAsksAndOnlyYesLeaves) {
       [&](ui::Form& form) { world->click(dynamic_cast<frmMsgBox&>(form).cmdYes); });
   choose(4);
   EXPECT_TRUE(left());
+}
+
+TEST_F(TrayTest, AYesLeavesAtOnceWhateverCameUpOverTheQuestion) {
+  frmMsgBox* question = nullptr;
+  bool leftAtOnce = false;
+  world->answerDialogs([&](ui::Form& form) {
+    if (!question) {
+      question = &dynamic_cast<frmMsgBox&>(form);
+      main.mnuAbout.choose();
+    } else {
+      world->click(question->cmdYes);
+      leftAtOnce = left();
+    }
+  });
+  trayForm.askToExit();
+  EXPECT_TRUE(leftAtOnce);
+}
+
+TEST_F(TrayTest, ThereIsOneExitQuestionWhoeverAsks) {
+  int questions = 0;
+  world->answerDialogs([&](ui::Form& form) {
+    ++questions;
+    main.mnuExit.choose();
+    trayForm.askToExit();
+    screen.close();
+    world->click(dynamic_cast<frmMsgBox&>(form).cmdNo);
+  });
+  trayForm.askToExit();
+  EXPECT_EQ(questions, 1);
+  main.mnuExit.choose();
+  EXPECT_EQ(questions, 2);
+  EXPECT_FALSE(left());
 }
 
 TEST_F(TrayTest, WhileADialogOfItsOwnIsUpThereIsNeitherAMenuNorASecondOne) {

@@ -164,6 +164,18 @@ TEST_F(CommandLineTest, TheLargestSelectionIsRead) {
   EXPECT_EQ(order(), "a*!");
 }
 
+TEST_F(CommandLineTest, AnEmptyMappingIsRefusedAndStopsNothing) {
+  addThree();
+  controler.play();
+  trace.take();
+  memory.mappings["sel"] = std::vector<std::uint8_t>(100);
+  select(1, "100");
+  EXPECT_EQ(refusal(), "error shell menu refused: nothing in sel");
+  select(1, "1");
+  EXPECT_EQ(refusal(), "error shell menu refused: nothing in sel");
+  EXPECT_EQ(trace.take(), "");
+}
+
 TEST_F(CommandLineTest, AMappingThatCannotBeReadIsRefused) {
   memory.put("sel", "C:\\v\\a.avi", 0);
   memory.refuseView = true;

@@ -22,6 +22,16 @@ class ControlerPlayListTest : public ControlerFixture {
 
 // Adding
 
+TEST_F(ControlerPlayListTest, APathLongerThanTheSystemsLongestIsRefused) {
+  std::string longest = "http://";
+  longest.resize(32767, 'x');
+  EXPECT_TRUE(controler.AddAMovieToPL(longest));
+  EXPECT_FALSE(controler.AddAMovieToPL(longest + "x"));
+  EXPECT_EQ(log.lines.back(), "error not added, too long: " + longest.substr(0, 327) + "…");
+  EXPECT_FALSE(controler.AddAMovieToPL(longest + std::string(30'000'000, 'x')));
+  EXPECT_EQ(playList.lngListCount(), 1);
+}
+
 TEST_F(ControlerPlayListTest, AnEmptyPathIsRejected) {
   EXPECT_FALSE(controler.AddAMovieToPL(""));
   EXPECT_FALSE(controler.AddAMovieToPL("\"\""));

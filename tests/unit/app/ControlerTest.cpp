@@ -425,6 +425,27 @@ TEST_F(ControlerTest, NoMenuHoldsTheProgramUpWhileItLeaves) {
   EXPECT_EQ(popups, 1);
 }
 
+TEST_F(ControlerTest, AStepThatFailsKeepsTheProgramNeitherFromSavingNorFromEnding) {
+  addThree();
+  controler.setVolume(61);
+  panel.whileFinishing = [] { throw std::runtime_error("no memory"); };
+  loop.whilePumping = [] { throw std::runtime_error("nor here"); };
+  trace.take();
+  controler.exitSys();
+  EXPECT_TRUE(trace.take().ends_with("quit"));
+  EXPECT_EQ(log.lines.back(), "info stop");
+  EXPECT_EQ(log.lines[log.lines.size() - 3], "error unexpected error while leaving: no memory");
+  EXPECT_EQ(log.lines[log.lines.size() - 2], "error unexpected error while leaving: nor here");
+  SysConfig stored;
+  stored.strDBFilePath(database);
+  ASSERT_TRUE(stored.boolGetData());
+  EXPECT_EQ(stored.intVolumeValue(), 61);
+  PlayList again(keys);
+  again.strPLDBFilePath(database);
+  ASSERT_TRUE(again.boolGetPlayListFromPLDB());
+  EXPECT_EQ(again.lngListCount(), 3);
+}
+
 TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   loop.whilePumping = [this] { controler.exitSys(); };
   trace.take();

@@ -102,13 +102,15 @@ TEST_F(StartUpTest, TheTrayComesBeforeTheShowAndThePanelLast) {
 }
 
 TEST_F(StartUpTest, ItIsReadyBeforeItsOwnCommandLineAndNotEarlier) {
-  bool early = false;
-  bool readyForCommand = false;
-  panel.whileAddingRow = [&] { readyForCommand = requests.boolSysReady(); };
-  whileLoading = [&] { early = early || requests.boolSysReady(); };
-  start("C:\\v\\a.avi");
-  EXPECT_FALSE(early);
-  EXPECT_TRUE(readyForCommand);
+  store(45, playRule::kMediaOnly, true);
+  std::string ready;
+  const auto note = [&] { ready += requests.boolSysReady() ? "y" : "n"; };
+  panel.whileAddingRow = note;
+  panel.whileShown = note;
+  whileLoading = note;
+  start("C:\\v\\c.avi");
+  // Tray, panel, two stored rows, the panel shown; then the row of the command line.
+  EXPECT_EQ(ready, "nnnnny");
 }
 
 TEST_F(StartUpTest, AnEndOfTheSessionWhileItStartsEndsTheLoopAndPlaysNothing) {
@@ -118,6 +120,8 @@ TEST_F(StartUpTest, AnEndOfTheSessionWhileItStartsEndsTheLoopAndPlaysNothing) {
   const std::string all = trace.take();
   EXPECT_NE(all.find("quit"), std::string::npos);
   EXPECT_EQ(all.find("requests end"), std::string::npos);
+  EXPECT_EQ(all.find("panel front"), std::string::npos);
+  EXPECT_EQ(log.lines.back(), "info stop");
   EXPECT_EQ(order(), "ab*!");
   EXPECT_EQ(screen.lngState(), playState::kStopped);
 }

@@ -38,6 +38,15 @@ TEST_F(FileLogTest, LineBreaksInTheTextBecomeBlanks) {
   EXPECT_EQ(textOf(path()), "2026-01-31 23:59:59.123 info a  b c\r\n");
 }
 
+TEST_F(FileLogTest, ATextThatIsTooLongIsCutBetweenCharacters) {
+  FileLog log(path(), time);
+  log.info("a" + std::string(8191, 'x') + "y");
+  log.info(std::string(8191, 'x') + "中");
+  EXPECT_EQ(textOf(path()), "2026-01-31 23:59:59.123 info a" + std::string(8191, 'x') +
+                                "\r\n2026-01-31 23:59:59.123 info " + std::string(8191, 'x') +
+                                "\r\n");
+}
+
 TEST_F(FileLogTest, EarlierEntriesAreContinued) {
   { FileLog(path(), time).info("first"); }
   { FileLog(path(), time).info("second"); }
