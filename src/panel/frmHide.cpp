@@ -11,6 +11,7 @@ namespace tessivo {
 namespace {
 
 constexpr int kGuardMs = 300;
+constexpr int kNextTurnMs = 1;
 
 // Mouse messages, which the icon's notifications carry.
 constexpr std::int32_t kLeftDoubleClick = 515;
@@ -44,6 +45,7 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
       mnuLine3(mnuTrayMenu.addSeparator("mnuLine3")),
       mnuExit(mnuTrayMenu.add("mnuExit", "退出(&X)")),
       timDelayCallWinProc(services.timers, "timDelayCallWinProc", kGuardMs),
+      timDelayActivate(services.timers, "timDelayActivate", kNextTurnMs),
       services_(services),
       controler_(controler),
       requests_(requests) {
@@ -59,11 +61,11 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
   onMouseMove.listen([this](const ui::MouseEvent& event) {
     takeNotification(toPixels(event.x, this->twipsPerPixel().x));
   });
-  // A second instance brings this window to the foreground; the user is to see the panel there, or
-  // the dialog that is up.
-  onActivate.listen([this] {
-    if (!enabled()) return activate();
-    if (presented_ == 0) controler_.activateMainFace();
+  // Not while the system is still about to activate this one.
+  onActivate.listen([this] { timDelayActivate.setEnabled(!enabled() || presented_ == 0); });
+  timDelayActivate.onTimer.listen([this] {
+    timDelayActivate.setEnabled(false);
+    handForegroundOn();
   });
   onClose.listen([this] { controler_.exitSys(); });
   onEndSession.listen([this] { controler_.exitSys(); });
@@ -71,6 +73,7 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
     if (std::exchange(loaded_, false)) services_.icons.remove(record());
     removeHiddenWinProc();
     timDelayCallWinProc.setEnabled(false);
+    timDelayActivate.setEnabled(false);
   });
 }
 
@@ -115,6 +118,13 @@ void frmHide::takeNotification(std::int32_t code) {
   } else if (code == kRightDown) {
     openMenu();
   }
+}
+
+/// A second instance brings this window to the foreground; the user is to see the panel there, or
+/// the dialog that is up.
+void frmHide::handForegroundOn() {
+  if (!enabled()) return activate();
+  if (presented_ == 0) controler_.activateMainFace();
 }
 
 void frmHide::openMenu() {

@@ -62,6 +62,8 @@ class frmHide : public ui::Form, public TrayFace, private HiddenWinProc::Listene
 
   /// The guard against a burst of requests.
   ui::Timer timDelayCallWinProc;
+  /// Between the window's activation and its handing on.
+  ui::Timer timDelayActivate;
 
  private:
   void copyData(std::uintptr_t number, std::span<const std::uint8_t> bytes) override;
@@ -69,6 +71,7 @@ class frmHide : public ui::Form, public TrayFace, private HiddenWinProc::Listene
 
   void listenToMenu();
   void takeNotification(std::int32_t code);
+  void handForegroundOn();
   void openMenu();
   void showAbout();
   /// Shows the menu or dialog, unless a dialog of the tray's is up, which then comes to the front.

@@ -46,6 +46,22 @@ WindowState stateOf(HWND window) {
   return IsZoomed(window) ? WindowState::maximised : WindowState::normal;
 }
 
+/// The dialog that is up over the window; null when there is none. Not the last active pop-up: that
+/// is the window itself when it was made active from outside.
+HWND dialogOf(HWND owner) {
+  std::pair<HWND, HWND> search(owner, nullptr);
+  const auto look = [](HWND window, LPARAM into) {
+    auto& [wanted, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(into);
+    // Not its root owner, which for windows with a frame the system does not tell.
+    HWND above = GetWindow(window, GW_OWNER);
+    while (above && above != wanted) above = GetWindow(above, GW_OWNER);
+    if (above && IsWindowVisible(window) && IsWindowEnabled(window)) found = window;
+    return static_cast<BOOL>(found == nullptr);
+  };
+  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+  return search.second;
+}
+
 bool canTakeFocus(HWND window) {
   return IsWindowVisible(window) && IsWindowEnabled(window);
 }
@@ -240,8 +256,8 @@ Rect Win32Form::innerSize() const {
 void Win32Form::activate() {
   if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
   // While a dialog is up over the form, the keyboard is the dialog's.
-  const HWND dialog = IsWindowEnabled(window_) ? nullptr : GetLastActivePopup(window_);
-  const HWND target = dialog && IsWindowEnabled(dialog) ? dialog : window_;
+  const HWND dialog = IsWindowEnabled(window_) ? nullptr : dialogOf(window_);
+  const HWND target = dialog ? dialog : window_;
   SetForegroundWindow(target);
   constexpr UINT kStay = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
   if (GetForegroundWindow() != target && !form_.topmost()) {

@@ -35,6 +35,11 @@ class TrayTest : public PanelFixture {
     PanelFixture::TearDown();
   }
   void notify(std::int32_t code) { world->mouseMove(trayForm, {MouseButton::left, code * 15, 0}); }
+  /// As a second instance has it do.
+  void comeToForeground() {
+    trayForm.onActivate.raise();
+    time.advance(1);
+  }
   /// The user opens the icon's menu and takes that entry (-1: none).
   void choose(int entry) {
     world->answerMenu(trayForm, entry);
@@ -274,18 +279,18 @@ TEST_F(TrayTest, TheGuardIsOffAtFirst) {
 
 TEST_F(TrayTest, BroughtToTheForegroundItHandsTheKeyboardToThePanel) {
   main.hide();
-  trayForm.onActivate.raise();
+  comeToForeground();
   EXPECT_TRUE(panelIsThere());
 }
 
 TEST_F(TrayTest, TheForegroundThatItsMenuAndDialogsNeedDoesNotShowThePanel) {
   main.hide();
   world->answerDialogs([&](ui::Form& form) {
-    trayForm.onActivate.raise();
+    comeToForeground();
     world->close(form);
   });
   trayForm.mnuAbout.choose();
-  trayForm.onPopup.listen([this](ui::MenuItem&) { trayForm.onActivate.raise(); });
+  trayForm.onPopup.listen([this](ui::MenuItem&) { comeToForeground(); });
   choose(-1);
   EXPECT_FALSE(panelIsThere());
 }
@@ -309,7 +314,7 @@ TEST_F(TrayTest, OnceTheProgramLeavesItHearsNothing) {
     EXPECT_EQ(winProc.listener, nullptr);
     notify(kRightDown);
     notify(kLeftDouble);
-    trayForm.onActivate.raise();
+    comeToForeground();
   };
   int popups = 0;
   trayForm.onPopup.listen([&popups](ui::MenuItem&) { ++popups; });

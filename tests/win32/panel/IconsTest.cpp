@@ -17,10 +17,12 @@ namespace tessivo {
 namespace {
 
 constexpr int kAll[] = {
-    icon::kProgram, icon::kPlay,       icon::kPause,           icon::kStop,      icon::kSoundOn,
-    icon::kMuted,   icon::kFullScreen, icon::kLeaveFullScreen, icon::kRepeatOne, icon::kRepeatList,
-    icon::kInOrder, icon::kAdd,        icon::kDelete,          icon::kMoveUp,    icon::kMoveDown,
-    icon::kClear,   icon::kHideList,   icon::kShowList,        icon::kError,
+    icon::kProgram,          icon::kPlay,       icon::kPause,      icon::kStop,
+    icon::kSoundOn,          icon::kMuted,      icon::kFullScreen, icon::kLeaveFullScreen,
+    icon::kRepeatOne,        icon::kRepeatList, icon::kInOrder,    icon::kAdd,
+    icon::kDelete,           icon::kMoveUp,     icon::kMoveDown,   icon::kClear,
+    icon::kHideList,         icon::kShowList,   icon::kError,      icon::kTray,
+    icon::kTrayOfOldWindows, icon::kMenu,
 };
 
 UniqueIcon load(int number, int side) {

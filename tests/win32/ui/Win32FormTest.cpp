@@ -319,5 +319,18 @@ TEST_F(Win32FormTest, LabelColoursReachThePaintedPixels) {
   EXPECT_EQ(corner, static_cast<COLORREF>(RGB(0xFF, 0xCC, 0x00)));
 }
 
+TEST_F(Win32FormTest, AnOwnerMadeActiveFromOutsideHandsTheKeyboardToItsDialog) {
+  form.setVisible(false);
+  TestForm dialog;
+  dialog.setOwner(&form);
+  toolkit.open(dialog);
+  dialog.show();
+  form.setEnabled(false);
+  SetForegroundWindow(window());
+  ASSERT_EQ(GetActiveWindow(), window());
+  form.activate();
+  EXPECT_EQ(GetActiveWindow(), windowOf(dialog));
+}
+
 }  // namespace
 }  // namespace tessivo::ui
