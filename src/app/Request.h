@@ -6,11 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace tessivo {
-
 /// What one instance asks of another: bytes that travel as `WM_COPYDATA`. Also senders built for
 /// older systems use this record, so its bytes stay as they are.
-namespace request {
+namespace tessivo::request {
 
 /// The tray form's title, by which a second instance finds the first.
 inline constexpr const char* kWindowTitle = "play27182831415";
@@ -28,5 +26,4 @@ std::optional<std::vector<std::uint8_t>> encode(const std::string& text);
 /// The text up to its first NUL; nothing when there are more bytes than the buffer holds.
 std::optional<std::string> decode(std::span<const std::uint8_t> bytes);
 
-}  // namespace request
-}  // namespace tessivo
+}  // namespace tessivo::request

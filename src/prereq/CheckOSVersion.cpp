@@ -37,7 +37,7 @@ bool fits(std::uint32_t known, std::uint32_t value) {
 }  // namespace
 
 void CheckOSVersion::getOSVersion(std::string& name, std::int32_t& flag) {
-  const auto known = std::ranges::find_if(kKnown, [this](const KnownVersion& entry) {
+  const auto* const known = std::ranges::find_if(kKnown, [this](const KnownVersion& entry) {
     return entry.platform == version_.platform && fits(entry.major, version_.major) &&
            fits(entry.minor, version_.minor);
   });

@@ -7,7 +7,7 @@
 
 namespace tessivo {
 
-class Win32HiddenWinProc : public HiddenWinProc {
+class Win32HiddenWinProc final : public HiddenWinProc {
  public:
   explicit Win32HiddenWinProc(Log& log);
   ~Win32HiddenWinProc() override { removeHiddenWinProc(); }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo {
@@ -23,11 +25,11 @@ WindowHandle Win32Messaging::findTopLevel(const std::string& title) const {
 
 bool Win32Messaging::sendCopyData(WindowHandle target, std::uintptr_t wParam, std::uintptr_t number,
                                   std::span<const std::uint8_t> bytes) {
+  std::vector<std::uint8_t> copy(bytes.begin(), bytes.end());  // the system's type is not const
   COPYDATASTRUCT data{};
   data.dwData = number;
   data.cbData = static_cast<DWORD>(bytes.size());
-  // The system only reads from there.
-  data.lpData = const_cast<std::uint8_t*>(bytes.data());
+  data.lpData = copy.data();
   DWORD receiver = 0;
   GetWindowThreadProcessId(hwnd(target), &receiver);
   // This program was started by the user just now, so it may hand the foreground on.
