@@ -46,20 +46,26 @@ WindowState stateOf(HWND window) {
   return IsZoomed(window) ? WindowState::maximised : WindowState::normal;
 }
 
+struct DialogSearch {
+  HWND owner = nullptr;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK lookForDialog(HWND window, LPARAM into) {
+  auto& search = *reinterpret_cast<DialogSearch*>(into);
+  // Not its root owner, which for windows with a frame the system does not tell.
+  HWND above = GetWindow(window, GW_OWNER);
+  while (above && above != search.owner) above = GetWindow(above, GW_OWNER);
+  if (above && IsWindowVisible(window) && IsWindowEnabled(window)) search.found = window;
+  return search.found == nullptr;
+}
+
 /// The dialog that is up over the window; null when there is none. Not the last active pop-up: that
 /// is the window itself when it was made active from outside.
 HWND dialogOf(HWND owner) {
-  std::pair<HWND, HWND> search(owner, nullptr);
-  const auto look = [](HWND window, LPARAM into) {
-    auto& [wanted, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(into);
-    // Not its root owner, which for windows with a frame the system does not tell.
-    HWND above = GetWindow(window, GW_OWNER);
-    while (above && above != wanted) above = GetWindow(above, GW_OWNER);
-    if (above && IsWindowVisible(window) && IsWindowEnabled(window)) found = window;
-    return static_cast<BOOL>(found == nullptr);
-  };
-  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
-  return search.second;
+  DialogSearch search{owner};
+  EnumThreadWindows(GetCurrentThreadId(), lookForDialog, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 bool canTakeFocus(HWND window) {
