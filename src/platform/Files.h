@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tessivo {
 
@@ -10,6 +12,9 @@ class Files {
   virtual ~Files() = default;
   /// Whether the path names an existing file (not a folder). Any error means no.
   virtual bool fileExists(const std::string& path) const = 0;
+  /// The names, without the folder, of the files in a folder, in the order in which the system
+  /// lists them; folders are not among them. Nothing when the folder cannot be opened.
+  virtual std::optional<std::vector<std::string>> filesIn(const std::string& folder) const = 0;
 };
 
 }  // namespace tessivo

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,7 +18,13 @@ namespace tessivo {
 
 struct FakeFiles : Files {
   bool fileExists(const std::string& path) const override { return existing.contains(path); }
+  std::optional<std::vector<std::string>> filesIn(const std::string& folder) const override {
+    const auto found = folders.find(folder);
+    if (found == folders.end()) return std::nullopt;
+    return found->second;
+  }
   std::set<std::string> existing;
+  std::map<std::string, std::vector<std::string>> folders;
 };
 
 struct FakePointer : Pointer {

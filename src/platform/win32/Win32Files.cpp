@@ -21,14 +21,42 @@ std::wstring unlimited(const std::wstring& path) {
   return LR"(\\?\)" + path;
 }
 
+/// Nothing for a text that no path can be.
+std::optional<std::wstring> usable(const std::string& path) {
+  std::wstring wide = toWide(path);
+  if (wide.empty() || wide.find(L'\0') != std::wstring::npos) return std::nullopt;
+  if (wide.size() >= MAX_PATH) wide = unlimited(fullPath(wide));
+  return wide;
+}
+
 }  // namespace
 
 bool Win32Files::fileExists(const std::string& path) const {
-  std::wstring wide = toWide(path);
-  if (wide.empty() || wide.find(L'\0') != std::wstring::npos) return false;
-  if (wide.size() >= MAX_PATH) wide = unlimited(fullPath(wide));
-  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  const auto wide = usable(path);
+  if (!wide) return false;
+  const DWORD attributes = GetFileAttributesW(wide->c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+std::optional<std::vector<std::string>> Win32Files::filesIn(const std::string& folder) const {
+  if (folder.empty()) return std::nullopt;
+  const auto pattern = usable(folder + (folder.ends_with('\\') ? "*" : "\\*"));
+  if (!pattern) return std::nullopt;
+  WIN32_FIND_DATAW entry{};
+  HANDLE search = FindFirstFileW(pattern->c_str(), &entry);
+  std::vector<std::string> names;
+  if (search == INVALID_HANDLE_VALUE) {
+    // The root of an empty drive, which has not even the entry of the folder itself.
+    if (GetLastError() == ERROR_FILE_NOT_FOUND) return names;
+    return std::nullopt;
+  }
+  do {
+    if (!(entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
+      names.push_back(fromWide(&entry.cFileName[0]));
+    }
+  } while (FindNextFileW(search, &entry));
+  FindClose(search);
+  return names;
 }
 
 }  // namespace tessivo

@@ -8,6 +8,7 @@ namespace tessivo {
 class Win32Files : public Files {
  public:
   bool fileExists(const std::string& path) const override;
+  std::optional<std::vector<std::string>> filesIn(const std::string& folder) const override;
 };
 
 }  // namespace tessivo

@@ -1,0 +1,77 @@
+#include "platform/win32/Win32Processes.h"
+
+#include <windows.h>
+// After windows.h, which it needs:
+#include <psapi.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <type_traits>
+
+#include "platform/win32/WindowsText.h"
+
+namespace tessivo {
+namespace {
+
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Handle = std::unique_ptr<std::remove_pointer_t<HANDLE>, HandleCloser>;
+
+using NameBuffer = std::array<wchar_t, 260>;
+
+/// Up to the first NUL, and within the buffer where there is none.
+std::string textOf(const NameBuffer& buffer) {
+  return fromWide({buffer.begin(), std::find(buffer.begin(), buffer.end(), L'\0')});
+}
+
+}  // namespace
+
+std::uint32_t Win32Processes::start(const std::string& program, const std::string& arguments,
+                                    WindowStyle style) {
+  // The executable is named apart from the command line, which would be split at a blank.
+  const std::wstring path = toWide(program);
+  if (path.find(L'\0') != std::wstring::npos) return ERROR_INVALID_NAME;
+  std::wstring commandLine = L'"' + path + L"\" " + toWide(arguments);
+  STARTUPINFOW how{};
+  how.cb = sizeof how;
+  how.dwFlags = STARTF_USESHOWWINDOW;
+  how.wShowWindow = static_cast<WORD>(style);
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(path.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      nullptr, &how, &started)) {
+    const DWORD error = GetLastError();
+    return error == 0 ? ERROR_GEN_FAILURE : error;
+  }
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  return 0;
+}
+
+std::optional<std::uint32_t> Win32Processes::enumerate(std::span<std::uint32_t> identifiers) const {
+  DWORD bytes = 0;
+  static_assert(sizeof(DWORD) == sizeof(std::uint32_t));
+  if (!EnumProcesses(reinterpret_cast<DWORD*>(identifiers.data()),
+                     static_cast<DWORD>(identifiers.size_bytes()), &bytes)) {
+    return std::nullopt;
+  }
+  return bytes;
+}
+
+std::optional<ProcessModule> Win32Processes::firstModule(std::uint32_t identifier) const {
+  const Handle process(
+      OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier));
+  if (!process) return std::nullopt;
+  HMODULE module = nullptr;
+  DWORD needed = 0;
+  if (!EnumProcessModules(process.get(), &module, sizeof module, &needed)) return std::nullopt;
+  NameBuffer baseName{};
+  NameBuffer path{};
+  const auto size = static_cast<DWORD>(path.size());
+  GetModuleBaseNameW(process.get(), module, baseName.data(), size);
+  GetModuleFileNameExW(process.get(), module, path.data(), size);
+  return ProcessModule{textOf(baseName), textOf(path)};
+}
+
+}  // namespace tessivo
