@@ -16,6 +16,7 @@
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakePanel.h"
+#include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeSystem.h"
 #include "fakes/FakeThreadTimers.h"
 #include "fakes/FakeTray.h"
@@ -39,6 +40,9 @@ class RealClock : public Clock {
 
 struct AnyFile : Files {
   bool fileExists(const std::string&) const override { return true; }
+  std::optional<std::vector<std::string>> filesIn(const std::string&) const override {
+    return std::nullopt;
+  }
 };
 
 /// Rows cost nothing.
@@ -88,8 +92,12 @@ struct World {
   PlayList playList{keys};
   PanelWithoutRows panel{trace};
   FakeTray tray{trace};
+  VirtualTime still;
+  FakeIdleInput idleInput{still};
+  FakeSystemPower power{trace};
+  FakeProcesses processes;
   Controler controler{{keys, files, displays, pointer, loop, log, clock, windows, registry,
-                       shownWindows, caughtWindows, timers}};
+                       shownWindows, caughtWindows, timers, idleInput, power, processes, "C:\\p"}};
   frmScreen screen{{toolkit, timers, displays, files, log, engines, windows, caughtWindows}};
 };
 

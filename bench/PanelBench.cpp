@@ -22,6 +22,7 @@
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeFileDialogs.h"
 #include "fakes/FakeLog.h"
+#include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeShell.h"
 #include "fakes/FakeSystem.h"
 #include "fakes/FakeThreadTimers.h"
@@ -163,8 +164,12 @@ class Program {
   MovieKeys keys_{clock_};
   PlayList playList_{keys_};
   frmScreen screen_{{none_, timers_, displays_, files_, log_, engines_, windows_, caughtWindows_}};
+  FakeIdleInput idleInput_{still_};
+  FakeSystemPower power_{trace_};
+  FakeProcesses processes_;
   Controler controler_{{keys_, files_, displays_, pointer_, loop_, log_, clock_, windows_, mtimer_,
-                        shownWindows_, caughtWindows_, timers_}};
+                        shownWindows_, caughtWindows_, timers_, idleInput_, power_, processes_,
+                        "C:\\p"}};
   ui::Win32Toolkit toolkit_{TwipsPerPixel{}, log_};
   FakeFileDialogs fileDialogs_;
   FakeShell shell_;

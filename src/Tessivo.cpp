@@ -28,13 +28,16 @@
 #include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32HiddenWinProc.h"
+#include "platform/win32/Win32IdleInput.h"
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Messaging.h"
 #include "platform/win32/Win32OsVersion.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32Processes.h"
 #include "platform/win32/Win32SharedMemory.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32ShownWindows.h"
+#include "platform/win32/Win32SystemPower.h"
 #include "platform/win32/Win32ThreadTimers.h"
 #include "platform/win32/Win32TimerService.h"
 #include "platform/win32/Win32TrayIcons.h"
@@ -121,8 +124,12 @@ int runProgram() {
   AimMonitor aimMonitor(displays);
   MovieKeys keys(clock);
   PlayList playList(keys);
+  const Win32IdleInput idleInput;
+  Win32SystemPower power;
+  Win32Processes processes;
   Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry,
-                       shownWindows, caughtWindows, timers});
+                       shownWindows, caughtWindows, timers, idleInput, power, processes,
+                       paths.programFolder});
   frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
   Win32FileDialogs fileDialogs(*log);
   Win32Shell shell(*log);

@@ -42,12 +42,15 @@ Controler::~Controler() {
   services_.shownWindows.stop();
 }
 
-void Controler::setInitializePram(const std::string& databasePath, const std::string&) {
+void Controler::setInitializePram(const std::string& databasePath,
+                                  const std::string& screenSaverFolder) {
   config_.strDBFilePath(databasePath);
   if (!config_.boolGetData() && !config_.strReport().empty()) {
     services_.log.error("settings not read: " + config_.strReport());
   }
+  holdSystemAwake();
   startMouseHiding();
+  startScreenSaver(screenSaverFolder);
 }
 
 void Controler::startMouseHiding() {
@@ -98,23 +101,22 @@ void Controler::listenToScreen() {
 void Controler::exitSys() {
   if (exiting_) return;
   exiting_ = true;
+  // A step that fails must not keep the others from being done, nor the program from ending.
   if (panel_) {
-    // A step that fails must not keep the others from being done, nor the program from ending.
-    using Step = void (Controler::*)();
-    for (const Step step :
+    for (const LeavingStep step :
          {&Controler::hearNobody, &Controler::finishWork, &Controler::saveResumePoint,
           &Controler::takeFormsDown, &Controler::saveSettings, &Controler::savePlayList}) {
-      attempt([this, step] { (this->*step)(); });
+      attempt(step);
     }
-    services_.shownWindows.stop();
   }
+  for (const LeavingStep step : {&Controler::stopGuard, &Controler::endScreenSavers}) attempt(step);
   services_.log.info("stop");
   services_.loop.quit();
 }
 
-void Controler::attempt(const std::function<void()>& step) {
+void Controler::attempt(LeavingStep step) {
   try {
-    step();
+    (this->*step)();
   } catch (const std::exception& e) {
     services_.log.error(std::string("unexpected error while leaving: ") + e.what());
   }

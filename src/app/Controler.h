@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/PanelFace.h"
+#include "app/RunParameter.h"
 #include "app/SlicedWork.h"
 #include "app/TrayFace.h"
 #include "data/PlayList.h"
@@ -16,6 +17,8 @@
 #include "platform/MessageLoop.h"
 #include "platform/Pointer.h"
 #include "platform/ShownWindows.h"
+#include "saver/ScreenSaveAndPower.h"
+#include "saver/ScreenSaverCtrl.h"
 #include "screen/CaughtWindows.h"
 #include "screen/MouseHideShow.h"
 #include "screen/frmScreen.h"
@@ -38,6 +41,10 @@ struct ControlerServices {
   ShownWindows& shownWindows;
   CaughtWindows& caughtWindows;
   TimerService& formTimers;
+  const IdleInput& idleInput;
+  SystemPower& power;
+  Processes& processes;
+  std::string applicationFolder;  ///< without a backslash at its end
 };
 
 /// Directions of stepping.
@@ -56,8 +63,8 @@ class Controler {
   Controler(const Controler&) = delete;
   Controler& operator=(const Controler&) = delete;
 
-  /// The start sequence: loads the settings from the database and begins to hide the pointer over
-  /// the picture.
+  /// The start sequence: loads the settings from the database, keeps the system awake, begins to
+  /// hide the pointer over the picture and, if the settings say so, to watch for an idle user.
   void setInitializePram(const std::string& databasePath, const std::string& screenSaverFolder);
   /// From here on windows that an engine of the playback window pops up are closed.
   void guard(frmScreen& screen);
@@ -127,8 +134,16 @@ class Controler {
   /// Puts the control panel on the monitor under the pointer: where it is when it stands there
   /// already, else in the middle of that monitor's work area.
   void resetMainFrmPosiByMousePosi();
-  void setPlayPosiForScreenSaver(const Rect& pixels) { playArea_ = pixels; }
-  const Rect& playArea() const { return playArea_; }
+
+  /// Where the playback window is, which a screen-saver program is to cover. Pixels.
+  void setPlayPosiForScreenSaver(const Rect& pixels);
+  void previewAScrSavProcByName(const std::string& name);
+  /// See `ScreenSaverCtrl::showAScrSavPrcPramConfigFace`.
+  std::string showAScrSavPrcPramConfigFace(const std::string& name, std::int32_t x, std::int32_t y,
+                                           const std::string& ownerCaption);
+  /// Takes what the settings dialog asked into the settings, saves them, and lets the screen saver
+  /// follow them at once.
+  void saveRunPram(const RunParameter& parameter);
 
   SysConfig& config() { return config_; }
   std::int32_t lngScreenState() const;
@@ -156,7 +171,10 @@ class Controler {
   bool isAcceptable(const std::string& path) const;
   bool isListed(const MoviePtr& movie) const;
   void listenToScreen();
+  void holdSystemAwake();
   void startMouseHiding();
+  void startScreenSaver(const std::string& folder);
+  void switchScreenSaver(bool on);
   bool addNext(Batch& batch);
   void endBatch(const Batch& batch);
   void startBatch(const Movie& first);
@@ -164,7 +182,8 @@ class Controler {
   void finishAdding();
   void showOn(const cMonitor& monitor);
   void switchFullScreen(bool fullScreen);
-  void attempt(const std::function<void()>& step);
+  using LeavingStep = void (Controler::*)();
+  void attempt(LeavingStep step);
   void hearNobody();
   void finishWork();
   void saveResumePoint();
@@ -172,6 +191,8 @@ class Controler {
   bool savePatiently(const std::function<bool()>& save);
   void saveSettings();
   void savePlayList();
+  void stopGuard() { services_.shownWindows.stop(); }
+  void endScreenSavers();
 
   ControlerServices services_;
   SysConfig config_;
@@ -180,8 +201,9 @@ class Controler {
   frmScreen* screen_ = nullptr;
   PlayList* playList_ = nullptr;
   std::vector<Connection> connections_;
+  std::unique_ptr<ScreenSaveAndPower> m_objScreenSaveAndPower_;
   std::unique_ptr<MouseHideShow> m_objMouseHideShow_;
-  Rect playArea_;
+  std::unique_ptr<ScreenSaverCtrl> m_objScreenSaverCtrl_;
   std::int32_t pathsDone_ = 0;  ///< of the batches under way
   std::int32_t pathsTotal_ = 0;
   bool addingShown_ = false;

@@ -1,8 +1,9 @@
 #include "screen/MouseHideShow.h"
 
 #include <cstdlib>
-#include <limits>
+#include <optional>
 
+#include "base/In32Bits.h"
 #include "base/Text.h"
 
 namespace tessivo {
@@ -11,13 +12,6 @@ namespace {
 constexpr std::int32_t kPollIntervalMs = 300;
 /// No program moves the display counter further; one that does not move at all must not hang us.
 constexpr int kMostCounterSteps = 1000;
-
-/// The value when it is in the range of 32 bits, which all sums and products here must be.
-std::optional<std::int32_t> in32Bits(std::int64_t value) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  if (value < Limits::min() || value > Limits::max()) return std::nullopt;
-  return static_cast<std::int32_t>(value);
-}
 
 /// Both edges included; nothing when an edge lies outside 32 bits.
 std::optional<bool> contains(const PlayArea& area, Point point) {

@@ -60,8 +60,7 @@ std::optional<std::uint32_t> Win32Processes::enumerate(std::span<std::uint32_t> 
 }
 
 std::optional<ProcessModule> Win32Processes::firstModule(std::uint32_t identifier) const {
-  const Handle process(
-      OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier));
+  const Handle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier));
   if (!process) return std::nullopt;
   HMODULE module = nullptr;
   DWORD needed = 0;

@@ -272,7 +272,8 @@ TEST_F(ControlerBatchTest, NothingIsAddedWhileTheEnginesSettle) {
   controler.exitSys();
   EXPECT_EQ(trace.take(),
             "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
-            "| quit");
+            "| " +
+                kSystemRestored + " | quit");
   EXPECT_EQ(playList.lngListCount(), 1);
 }
 

@@ -3,6 +3,7 @@
 #include "app/Controler.h"
 #include "data/PrepareDatabase.h"
 #include "fakes/FakePanel.h"
+#include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeThreadTimers.h"
 #include "fakes/FakeTray.h"
 #include "fakes/TempFolder.h"
@@ -14,6 +15,9 @@ namespace tessivo {
 /// panel that notes what it is told.
 class ControlerFixture : public ScreenFixture {
  protected:
+  /// What the system is asked at the end of the program.
+  const std::string kSystemRestored = "execution state 80000000 | parameters 17 1 0 3";
+
   void SetUp() override {
     screen.load();
     files.existing = {"C:\\v\\a.avi", "C:\\v\\b.avi", "C:\\v\\c.avi"};
@@ -51,8 +55,11 @@ class ControlerFixture : public ScreenFixture {
   FakeShownWindows shownWindows;
   FakeThreadTimers threadTimers{time};
   MTimer timers{threadTimers};
+  FakeIdleInput idleInput{time};
+  FakeSystemPower power{trace};
+  FakeProcesses processes;
   Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers,
-                       shownWindows, caughtWindows, time}};
+                       shownWindows, caughtWindows, time, idleInput, power, processes, "C:\\p"}};
 };
 
 }  // namespace tessivo

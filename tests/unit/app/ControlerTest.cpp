@@ -304,11 +304,6 @@ TEST_F(ControlerTest, AClickBringsThePanelToTheMonitorUnderThePointer) {
   EXPECT_EQ(trace.take(), "panel restored | panel front");
 }
 
-TEST_F(ControlerTest, ThePlayAreaIsKept) {
-  screen.reportPosition.raise(Rect{1280, 0, 1920, 1080});
-  EXPECT_EQ(controler.playArea(), (Rect{1280, 0, 1920, 1080}));
-}
-
 TEST_F(ControlerTest, LeavingSavesInOrderAndEndsTheLoop) {
   addThree();
   panel.shownLength = 200;
@@ -328,7 +323,8 @@ TEST_F(ControlerTest, LeavingSavesInOrderAndEndsTheLoop) {
   controler.exitSys();
   EXPECT_EQ(trace.take(),
             "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
-            "| quit");
+            "| " +
+                kSystemRestored + " | quit");
   EXPECT_FALSE(screen.visible());
   EXPECT_FALSE(savedTooEarly);
   SysConfig stored;
@@ -396,7 +392,8 @@ TEST_F(ControlerTest, WhatHappensWhileTheEnginesSettleReachesNoPanel) {
   controler.exitSys();
   EXPECT_EQ(trace.take(),
             "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
-            "| quit");
+            "| " +
+                kSystemRestored + " | quit");
 }
 
 TEST_F(ControlerTest, LeavingGivesTheCaughtWindowsBackFirstAndCatchesNoMore) {
@@ -434,8 +431,8 @@ TEST_F(ControlerTest, AStepThatFailsKeepsTheProgramNeitherFromSavingNorFromEndin
   controler.exitSys();
   EXPECT_TRUE(trace.take().ends_with("quit"));
   EXPECT_EQ(log.lines.back(), "info stop");
-  EXPECT_EQ(log.lines[log.lines.size() - 3], "error unexpected error while leaving: no memory");
-  EXPECT_EQ(log.lines[log.lines.size() - 2], "error unexpected error while leaving: nor here");
+  EXPECT_EQ(log.lines[log.lines.size() - 4], "error unexpected error while leaving: no memory");
+  EXPECT_EQ(log.lines[log.lines.size() - 3], "error unexpected error while leaving: nor here");
   SysConfig stored;
   stored.strDBFilePath(database);
   ASSERT_TRUE(stored.boolGetData());
@@ -452,7 +449,8 @@ TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
   controler.exitSys();
   EXPECT_EQ(trace.take(),
             "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone "
-            "| quit");
+            "| " +
+                kSystemRestored + " | quit");
 }
 
 TEST_F(ControlerTest, ClosingThePlaybackWindowAsksWhetherToLeave) {
@@ -501,10 +499,10 @@ TEST_F(ControlerTest, WhatCannotBeSavedIsTriedForASecondAndLoggedWithItsReason) 
   EXPECT_EQ(
       trace.take(),
       "requests end | panel gone | wmp sound | real sound | pump 200 | real gone | tray gone | " +
-          attempts + "quit");
-  ASSERT_GE(log.lines.size(), 3U);
-  const std::string& settings = log.lines[log.lines.size() - 3];
-  const std::string& list = log.lines[log.lines.size() - 2];
+          attempts + kSystemRestored + " | quit");
+  ASSERT_GE(log.lines.size(), 4U);
+  const std::string& settings = log.lines[log.lines.size() - 4];
+  const std::string& list = log.lines[log.lines.size() - 3];
   EXPECT_EQ(settings.find("error settings not saved: "), 0U);
   EXPECT_GT(settings.size(), std::string("error settings not saved: ").size());
   EXPECT_EQ(list.find("error playlist not saved: "), 0U);
