@@ -16,6 +16,7 @@
 #include "ssp/SaverArguments.h"
 #include "ssp/SettingsFile.h"
 #include "ssp/win32/DebugLog.h"
+#include "ssp/win32/SettingsDialog.h"
 
 namespace tessivo::ssp {
 namespace {
@@ -58,15 +59,25 @@ int cover(const SaverProgram& program, const Rect& area) {
   return kDone;
 }
 
+void configure(const SaverProgram& program, const SaverArguments& arguments) {
+  DebugLog log;
+  configureSaver(program, arguments, settingsOf(program), log);
+}
+
 int runAsTold(const SaverProgram& program, const SaverArguments& arguments) {
   switch (arguments.task) {
     case SaverTask::run:
       return cover(program, arguments.area);
     case SaverTask::preview:
       return cover(program, monitorUnderPointer());
-    default:
-      return kNotUnderstood;
+    case SaverTask::configure:
+    case SaverTask::settings:
+      configure(program, arguments);
+      return kDone;
+    case SaverTask::invalid:
+      break;
   }
+  return kNotUnderstood;
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "platform/FileDialogs.h"
 #include "platform/Log.h"
 #include "platform/TimerService.h"
+#include "ssp/SettingsForm.h"
 #include "ssp/win32/SaverWindow.h"
 
 namespace tessivo::ssp {
@@ -25,6 +27,9 @@ class SaverProgram {
   /// settings' file. What is handed in outlives the saver.
   virtual std::unique_ptr<Saver> start(SaverWindow& window, const std::string& settings,
                                        TimerService& timers, Log& log) const = 0;
+  /// The dialog for these settings, not open yet; `dialogs` outlives it.
+  virtual std::unique_ptr<SettingsForm> makeForm(const std::string& settings, FileDialogs& dialogs,
+                                                 TwipsPerPixel twips) const = 0;
 };
 
 /// Does what the command line says, and ends the process: with 0, with 1 when the system had no

@@ -103,6 +103,13 @@ void runUntilGone(Form& dialog) {
   }
 }
 
+/// Enter and Esc close the list that a combo box has dropped down, and do nothing else.
+bool closesDroppedList(const Control* focus, const MSG& message) {
+  if (message.wParam != VK_RETURN && message.wParam != VK_ESCAPE) return false;
+  return dynamic_cast<const ComboBox*>(focus) &&
+         SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0);
+}
+
 }  // namespace
 
 Win32Toolkit::Win32Toolkit(TwipsPerPixel twips, Log& log)
@@ -152,6 +159,7 @@ bool Win32Toolkit::translate(const MSG& message) {
     return form->pressMnemonic(static_cast<char32_t>(message.wParam));
   }
   const Control* const focus = ControlWindow::modelOf(message.hwnd);
+  if (closesDroppedList(focus, message)) return false;
   const bool repeated = (message.lParam & kWasDown) != 0;
   if (form->pressKey(focus, static_cast<KeyCode>(message.wParam), repeated)) return true;
   if (Win32Form::of(message.hwnd) != form) return true;  // gone meanwhile

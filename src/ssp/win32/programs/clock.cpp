@@ -6,6 +6,7 @@
 
 #include "platform/win32/Win32Clock.h"
 #include "ssp/ClockSettings.h"
+#include "ssp/frmClockSettings.h"
 #include "ssp/win32/ClockSaver.h"
 #include "ssp/win32/SaverProgram.h"
 
@@ -20,6 +21,10 @@ class ClockProgram final : public SaverProgram {
   std::unique_ptr<Saver> start(SaverWindow& window, const std::string& settings,
                                TimerService& timers, Log&) const override {
     return std::make_unique<ClockSaver>(window, parseClockSettings(settings), clock_, timers);
+  }
+  std::unique_ptr<SettingsForm> makeForm(const std::string& settings, FileDialogs&,
+                                         TwipsPerPixel twips) const override {
+    return std::make_unique<frmClockSettings>(parseClockSettings(settings), twips);
   }
 
  private:
