@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/Displays.h"
@@ -31,13 +32,24 @@ struct OpenFilesAnswer {
   std::string text;
 };
 
-/// The system's dialogs that ask for files. The control panel asks.
+/// What the dialog that asks for a folder is to show.
+struct ChooseFolderRequest {
+  std::string title;
+  std::string folder;      ///< where it begins; one that is not there: where the system likes
+  WindowHandle owner = 0;  ///< the dialog is modal over it
+};
+
+/// The system's dialogs that ask for files and folders. The control panel and the dialogs of
+/// settings ask.
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;
   /// Shows the dialog and serves messages until the user has answered. Leaves the process's
   /// current folder as it was.
   virtual OpenFilesAnswer openFiles(const OpenFilesRequest& request) = 0;
+  /// The same for one folder of the file system. Nothing when the user cancelled, or the dialog
+  /// could not be shown; the log has the reason then.
+  virtual std::optional<std::string> chooseFolder(const ChooseFolderRequest& request) = 0;
 };
 
 }  // namespace tessivo

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <deque>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "platform/FileDialogs.h"
@@ -18,9 +20,18 @@ struct FakeFileDialogs : FileDialogs {
     return answer;
   }
 
+  std::optional<std::string> chooseFolder(const ChooseFolderRequest& request) override {
+    ++folderCalls;
+    lastFolder = request;
+    return folderAnswer;
+  }
+
   std::deque<OpenFilesAnswer> answers;
   OpenFilesRequest last;
   int calls = 0;
+  std::optional<std::string> folderAnswer;
+  ChooseFolderRequest lastFolder;
+  int folderCalls = 0;
 };
 
 }  // namespace tessivo

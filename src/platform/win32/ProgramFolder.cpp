@@ -8,6 +8,18 @@
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo {
+namespace {
+
+/// Empty when the system names none.
+std::string knownFolder(const KNOWNFOLDERID& id) {
+  PWSTR folder = nullptr;
+  const HRESULT result = SHGetKnownFolderPath(id, 0, nullptr, &folder);
+  std::string path = SUCCEEDED(result) ? fromWide(folder) : "";
+  CoTaskMemFree(folder);
+  return path;
+}
+
+}  // namespace
 
 std::string programPath() {
   std::wstring path(MAX_PATH, L'\0');
@@ -28,12 +40,15 @@ std::string commandLineArguments() {
 }
 
 std::string localDataFolder() {
-  PWSTR folder = nullptr;
-  const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &folder);
-  std::string path = SUCCEEDED(result) ? fromWide(folder) + "\\Tessivo" : "";
-  CoTaskMemFree(folder);
-  if (!path.empty()) CreateDirectoryW(toWide(path).c_str(), nullptr);
+  std::string path = knownFolder(FOLDERID_LocalAppData);
+  if (path.empty()) return path;
+  path += "\\Tessivo";
+  CreateDirectoryW(toWide(path).c_str(), nullptr);
   return path;
+}
+
+std::string picturesFolder() {
+  return knownFolder(FOLDERID_Pictures);
 }
 
 }  // namespace tessivo

@@ -18,4 +18,7 @@ std::string commandLineArguments();
 /// names none.
 std::string localDataFolder();
 
+/// The folder of the user's pictures; empty when the system names none.
+std::string picturesFolder();
+
 }  // namespace tessivo

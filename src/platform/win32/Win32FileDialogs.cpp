@@ -4,12 +4,14 @@
 // After windows.h, which they need:
 #include <cderr.h>
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
 
+#include "platform/win32/ComPtr.h"
 #include "platform/win32/Guarded.h"
 #include "platform/win32/WindowsText.h"
 
@@ -52,6 +54,28 @@ std::wstring chosenText(const std::vector<wchar_t>& buffer) {
           std::search(buffer.begin(), buffer.end(), std::begin(kTwoNuls), std::end(kTwoNuls))};
 }
 
+/// The folder that the dialog begins in, when it is there.
+void beginIn(IFileDialog& dialog, const std::string& folder) {
+  ComPtr<IShellItem> item;
+  const std::wstring path = toWide(folder);
+  if (!path.empty() && SUCCEEDED(SHCreateItemFromParsingName(path.c_str(), nullptr, IID_IShellItem,
+                                                             item.putVoid()))) {
+    dialog.SetFolder(item.get());
+  }
+}
+
+std::optional<std::string> chosenFolder(IFileDialog& dialog) {
+  ComPtr<IShellItem> item;
+  PWSTR path = nullptr;
+  if (FAILED(dialog.GetResult(item.put())) ||
+      FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) {
+    return std::nullopt;
+  }
+  std::string folder = fromWide(path);
+  CoTaskMemFree(path);
+  return folder;
+}
+
 }  // namespace
 
 OpenFilesAnswer Win32FileDialogs::openFiles(const OpenFilesRequest& request) {
@@ -88,6 +112,32 @@ OpenFilesAnswer Win32FileDialogs::ask(const OpenFilesRequest& request) {
   if (error == FNERR_BUFFERTOOSMALL) return {FileDialogOutcome::tooMany, {}};
   log_.error("the open-file dialog broke off, error " + std::to_string(error));
   return {FileDialogOutcome::failed, {}};
+}
+
+std::optional<std::string> Win32FileDialogs::chooseFolder(const ChooseFolderRequest& request) {
+  std::optional<std::string> folder;
+  guarded(log_, [&] { folder = askFolder(request); });
+  return folder;
+}
+
+std::optional<std::string> Win32FileDialogs::askFolder(const ChooseFolderRequest& request) {
+  const KeptCurrentFolder kept;
+  ComPtr<IFileDialog> dialog;
+  HRESULT result = CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER,
+                                    IID_IFileDialog, dialog.putVoid());
+  if (SUCCEEDED(result)) {
+    FILEOPENDIALOGOPTIONS options = 0;
+    dialog->GetOptions(&options);
+    dialog->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_PATHMUSTEXIST);
+    dialog->SetTitle(toWide(request.title).c_str());
+    beginIn(*dialog.get(), request.folder);
+    result = dialog->Show(reinterpret_cast<HWND>(request.owner));
+    if (SUCCEEDED(result)) return chosenFolder(*dialog.get());
+  }
+  if (result != HRESULT_FROM_WIN32(ERROR_CANCELLED)) {
+    log_.error("the dialog that asks for a folder broke off, result " + std::to_string(result));
+  }
+  return std::nullopt;
 }
 
 }  // namespace tessivo

@@ -11,9 +11,12 @@ class Win32FileDialogs : public FileDialogs {
   explicit Win32FileDialogs(Log& log) : log_(log) {}
 
   OpenFilesAnswer openFiles(const OpenFilesRequest& request) override;
+  /// The thread must have COM's single-threaded apartment.
+  std::optional<std::string> chooseFolder(const ChooseFolderRequest& request) override;
 
  private:
   OpenFilesAnswer ask(const OpenFilesRequest& request);
+  std::optional<std::string> askFolder(const ChooseFolderRequest& request);
 
   Log& log_;
 };

@@ -10,7 +10,6 @@ namespace tessivo::ssp {
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"TessivoSaver";
-constexpr UINT kPosted = WM_APP + 1;
 
 RECT toEdges(const Rect& rect) {
   return {rect.left, rect.top, rect.left + rect.width, rect.top + rect.height};
@@ -91,10 +90,6 @@ void SaverWindow::show() {
   SetWindowPos(window_, HWND_TOPMOST, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
   UpdateWindow(window_);
-}
-
-void SaverWindow::post() const {
-  PostMessageW(window_, kPosted, 0, 0);
 }
 
 LRESULT CALLBACK SaverWindow::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -37,9 +37,9 @@ class SaverWindow final {
   /// Shows the window with the picture as it is.
   void show();
 
-  /// `onPosted` is called from the message loop after each `post`, which any thread may call.
+  /// A message that any thread may post to the window; `onPosted` is called for it from the loop.
+  static constexpr UINT kPosted = WM_APP + 1;
   void setPosted(std::function<void()> onPosted) { onPosted_ = std::move(onPosted); }
-  void post() const;
 
  private:
   static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
