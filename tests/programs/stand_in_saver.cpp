@@ -56,12 +56,15 @@ const wchar_t* yesOrNo(bool yes) {
   return yes ? L"yes" : L"no";
 }
 
-void noteStart() {
+/// How the first window is to come up, as whoever started the program said.
+int startStyle() {
   STARTUPINFOW how{};
   GetStartupInfoW(&how);
-  const bool isStyleSaid = (how.dwFlags & STARTF_USESHOWWINDOW) != 0;
-  note(L"start style " + (isStyleSaid ? std::to_wstring(how.wShowWindow) : L"none") + tick() +
-       L": " + GetCommandLineW());
+  return (how.dwFlags & STARTF_USESHOWWINDOW) != 0 ? how.wShowWindow : SW_SHOWNORMAL;
+}
+
+void noteStart() {
+  note(L"start style " + std::to_wstring(startStyle()) + tick() + L": " + GetCommandLineW());
 }
 
 void noteOwner() {
@@ -78,7 +81,7 @@ HWND showWindow() {
   RegisterClassW(&kind);
   const HWND window = CreateWindowExW(0, kind.lpszClassName, L"stand_in_saver", WS_OVERLAPPEDWINDOW,
                                       700, 300, 300, 200, nullptr, nullptr, nullptr, nullptr);
-  ShowWindow(window, SW_SHOWDEFAULT);
+  ShowWindow(window, startStyle());  // Wine does not know SW_SHOWDEFAULT
   return window;
 }
 

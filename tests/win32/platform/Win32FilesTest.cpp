@@ -2,10 +2,15 @@
 
 #include <windows.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 #include "fakes/TempFolder.h"
 #include "platform/win32/WindowsText.h"
+#include "win32/ResourceCounts.h"
 
 namespace tessivo {
 namespace {
@@ -19,6 +24,27 @@ class Win32FilesTest : public testing::Test {
     if (file == INVALID_HANDLE_VALUE) return false;
     CloseHandle(file);
     return true;
+  }
+  /// Below the test's own, its path longer than the old limit.
+  std::wstring makeDeepFolder() const {
+    std::wstring path = root();
+    while (path.size() < 280) {
+      path += L"\\" + std::wstring(40, L'd');
+      CreateDirectoryW(path.c_str(), nullptr);
+    }
+    return path;
+  }
+  /// The files of the test's own folder, by the system.
+  std::vector<std::string> namesAsFound() const {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW entry{};
+    const HANDLE search = FindFirstFileW((root() + L"\\*").c_str(), &entry);
+    do {
+      const std::string name = fromWide(&entry.cFileName[0]);
+      if (name != "." && name != "..") names.push_back(name);
+    } while (FindNextFileW(search, &entry));
+    FindClose(search);
+    return names;
   }
   /// The path as the program has it: without the prefix that lifts the limits.
   static std::string plain(const std::wstring& path) { return fromWide(path.substr(4)); }
@@ -42,12 +68,7 @@ TEST_F(Win32FilesTest, NamesOutsideTheCodePage) {
 }
 
 TEST_F(Win32FilesTest, PathOfThreeHundredCharacters) {
-  std::wstring path = root();
-  while (path.size() < 280) {
-    path += L"\\" + std::wstring(40, L'd');
-    ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
-  }
-  path += L"\\" + std::wstring(30, L'f') + L".avi";
+  const std::wstring path = makeDeepFolder() + L"\\" + std::wstring(30, L'f') + L".avi";
   ASSERT_TRUE(make(path));
   ASSERT_GT(plain(path).size(), 300U);
   EXPECT_TRUE(files.fileExists(plain(path)));
@@ -76,6 +97,75 @@ TEST_F(Win32FilesTest, WhatIsNoPathIsNoFile) {
   EXPECT_FALSE(files.fileExists(plain(root()) + "\\*.avi"));
   EXPECT_FALSE(files.fileExists("\"" + plain(path) + "\""));
   EXPECT_FALSE(files.fileExists(plain(path) + "\\"));
+}
+
+using Names = std::vector<std::string>;
+
+TEST_F(Win32FilesTest, FilesOfAFolderInTheSystemsOrder) {
+  for (const wchar_t* const name : {L"\\b.exe", L"\\A.exe", L"\\泰 思.txt", L"\\none"}) {
+    ASSERT_TRUE(make(root() + name));
+  }
+  const auto names = files.filesIn(plain(root()));
+  ASSERT_TRUE(names);
+  EXPECT_EQ(*names, namesAsFound());
+  EXPECT_THAT(*names, testing::UnorderedElementsAre("b.exe", "A.exe", "泰 思.txt", "none"));
+  EXPECT_EQ(files.filesIn(plain(root()) + "\\"), names);
+}
+
+TEST_F(Win32FilesTest, FoldersAreNotAmongTheFiles) {
+  ASSERT_TRUE(CreateDirectoryW((root() + L"\\folder.exe").c_str(), nullptr));
+  ASSERT_TRUE(make(root() + L"\\folder.exe\\inner.exe"));
+  EXPECT_EQ(files.filesIn(plain(root())), Names{});
+  ASSERT_TRUE(make(root() + L"\\a.exe"));
+  EXPECT_EQ(files.filesIn(plain(root())), Names{"a.exe"});
+}
+
+TEST_F(Win32FilesTest, HiddenAndSystemFilesAreAmongThem) {
+  for (const DWORD attribute :
+       {FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM, FILE_ATTRIBUTE_READONLY}) {
+    const std::wstring path = root() + L"\\a.exe";
+    ASSERT_TRUE(make(path));
+    SetFileAttributesW(path.c_str(), attribute);
+    EXPECT_EQ(files.filesIn(plain(root())), Names{"a.exe"}) << attribute;
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(path.c_str());
+  }
+}
+
+TEST_F(Win32FilesTest, WhatIsNoFolderHasNoFiles) {
+  ASSERT_TRUE(make(root() + L"\\a.exe"));
+  EXPECT_EQ(files.filesIn(""), std::nullopt);
+  EXPECT_EQ(files.filesIn(plain(root()) + "\\none"), std::nullopt);
+  EXPECT_EQ(files.filesIn(plain(root()) + "\\a.exe"), std::nullopt);
+  EXPECT_EQ(files.filesIn(plain(root()) + std::string("\0x", 2)), std::nullopt);
+}
+
+TEST_F(Win32FilesTest, FilesOfALongPath) {
+  const std::wstring deep = makeDeepFolder();
+  ASSERT_TRUE(make(deep + L"\\a.exe"));
+  EXPECT_EQ(files.filesIn(plain(deep)), Names{"a.exe"});
+}
+
+/// The pattern, which is longer than the folder, must not be cut at the limit.
+TEST_F(Win32FilesTest, FilesOfAPathJustBelowTheLimit) {
+  for (const std::size_t length : {257U, 258U, 259U, 260U}) {
+    std::wstring path = root() + L"\\";
+    path += std::wstring(length + 4 - path.size() - 101, L'x') + L"\\" + std::wstring(100, L'y');
+    ASSERT_TRUE(CreateDirectoryW(path.substr(0, path.rfind(L'\\')).c_str(), nullptr));
+    ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
+    ASSERT_EQ(plain(path).size() - (fromWide(root()).size() - root().size()), length);
+    ASSERT_TRUE(make(path + L"\\a.exe"));
+    EXPECT_EQ(files.filesIn(plain(path)), Names{"a.exe"}) << length;
+  }
+}
+
+TEST_F(Win32FilesTest, LookingAtAFolderLeavesNoHandle) {
+  ASSERT_TRUE(make(root() + L"\\a.exe"));
+  files.filesIn(plain(root()));
+  const int before = processHandles();
+  for (int i = 0; i < 10; ++i) files.filesIn(plain(root()));
+  for (int i = 0; i < 10; ++i) files.filesIn(plain(root()) + "\\none");
+  EXPECT_EQ(processHandles(), before);
 }
 
 }  // namespace
