@@ -9,8 +9,9 @@
 namespace tessivo {
 namespace {
 
-/// UTF-16 characters; the system knows no longer one.
+/// UTF-16 units; the system knows no longer one.
 constexpr std::size_t kLongestPath = 32767;
+constexpr std::size_t kMostBytesAUnit = 3;   // of UTF-8
 
 }  // namespace
 
@@ -21,7 +22,7 @@ bool Controler::isAcceptable(const std::string& path) const {
 MoviePtr Controler::AddAMovieToPL(const std::string& path) {
   // The last path of a selection in shared memory comes with the zero bytes that fill it up.
   const std::string plain(unquoted(path.substr(0, path.find('\0'))));
-  if (toUtf16(plain).size() > kLongestPath) {
+  if (plain.size() > kLongestPath * kMostBytesAUnit || toUtf16(plain).size() > kLongestPath) {
     services_.log.error("not added, too long: " + plain.substr(0, kLongestPath / 100) + "…");
     return nullptr;
   }

@@ -32,6 +32,13 @@ TEST_F(ControlerPlayListTest, APathLongerThanTheSystemsLongestIsRefused) {
   EXPECT_EQ(playList.lngListCount(), 1);
 }
 
+TEST_F(ControlerPlayListTest, CharactersCountWhateverBytesTheyTake) {
+  std::string longest = "http://";
+  while (longest.size() < 7 + 3 * (32767 - 7)) longest += "时";
+  EXPECT_TRUE(controler.AddAMovieToPL(longest));
+  EXPECT_FALSE(controler.AddAMovieToPL(longest + "x"));
+}
+
 TEST_F(ControlerPlayListTest, AnEmptyPathIsRejected) {
   EXPECT_FALSE(controler.AddAMovieToPL(""));
   EXPECT_FALSE(controler.AddAMovieToPL("\"\""));
