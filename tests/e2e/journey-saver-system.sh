@@ -37,7 +37,6 @@ was_off() {
   begin_player
   check "off before the start: off while it runs" x_saver_is 0
   player_drive close
-  found="timeout $(x_saver)"
   check "on afterwards all the same" test "$(x_saver)" -gt 0
   player_end
 }
