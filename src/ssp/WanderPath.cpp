@@ -6,17 +6,24 @@
 namespace tessivo::ssp {
 namespace {
 
-/// Goes on by `step`, not beyond the ends 0 and `room`; at an end the direction turns.
+/// So often the way turns sideways at the top and at the bottom before it leaves them: the first
+/// time it has not been along the whole edge yet.
+constexpr int kTurnsAtTheEnds = 2;
+
+/// Goes on by `step`, not beyond the ends 0 and `room`; at an end the direction turns. Whether it
+/// did.
 template <typename Number>
-void walk(Number& place, bool& forward, Number step, Number room) {
+bool walk(Number& place, bool& forward, Number step, Number room) {
   place = std::clamp<Number>(forward ? place + step : place - step, 0, room);
+  const bool before = forward;
   if (place <= 0) forward = true;
   if (place >= room) forward = false;
+  return forward != before;
 }
 
 }  // namespace
 
-WanderPath::WanderPath(Size area, Size block) : area_(area) {
+WanderPath::WanderPath(Size area, Size block) : area_(area), turnsToWait_(kTurnsAtTheEnds) {
   setBlock(block);
 }
 
@@ -38,8 +45,13 @@ Point WanderPath::position() const {
 }
 
 void WanderPath::advance() {
-  walk(x_, rightward_, std::min(kStep, block_.width), room_.width);
-  walk(y_, downward_, stepDown_, static_cast<double>(room_.height));
+  const bool turned = walk(x_, rightward_, std::min(kStep, block_.width), room_.width);
+  const bool waits = turnsToWait_ > 0 && room_.width > 0;
+  if (waits && turned) --turnsToWait_;
+  if (waits) return;
+  if (walk(y_, downward_, stepDown_, static_cast<double>(room_.height))) {
+    turnsToWait_ = kTurnsAtTheEnds;
+  }
 }
 
 }  // namespace tessivo::ssp

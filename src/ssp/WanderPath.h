@@ -33,6 +33,7 @@ class WanderPath {
   bool rightward_ = true;
   bool downward_ = true;
   double stepDown_ = 0;
+  int turnsToWait_;  ///< sideways, until it leaves the top or the bottom
 };
 
 }  // namespace tessivo::ssp

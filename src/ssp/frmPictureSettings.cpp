@@ -49,7 +49,7 @@ PictureSettings frmPictureSettings::settings() const {
 void frmPictureSettings::browse() {
   const auto folder =
       dialogs_.chooseFolder({"选择图片文件夹", txtFolder.caption(), nativeHandle()});
-  if (folder && isOpen()) txtFolder.setCaption(*folder);
+  if (folder) txtFolder.setCaption(*folder);
 }
 
 }  // namespace tessivo::ssp
