@@ -216,6 +216,10 @@ settings() {
   rm -f "$ini"
 }
 
+has_keyboard() {
+  found=$(xdotool getactivewindow getwindowname 2>/dev/null)
+  [[ $found == "$1" ]]
+}
 settings_of_an_owner() {
   local owner_pid
   saver "$show" 'SHOW_CONFIG_FACE##400##300##nobody'
@@ -225,6 +229,7 @@ settings_of_an_owner() {
   check "settings come up over the window that waits for them" player_wait 10 is_up '时钟 设置'
   sleep 1
   desktop_screenshot "$shots/owned.png"
+  check "they have the keyboard" has_keyboard '时钟 设置'
   xdotool windowactivate --sync "$(window_of '图片欣赏 设置')" 2>/dev/null || true
   xdotool key Escape
   check "they close when that window goes" ends
@@ -277,6 +282,7 @@ the_pictures() {
 }
 without_pictures() {
   mkdir -p "$folder/empty"
+  convert -size 400x300 xc:red "$folder/red.png"
   picture_settings "$folder/empty" 3
   pointer_to 100 900
   saver "$show" 'RUN##1280##0##1280##1024##1##x'
@@ -288,7 +294,7 @@ without_pictures() {
   sleep 4
   found="$before, then $(letters)"
   check "which wanders" test "$before" != "$(letters)"
-  cp "$pictures/a 红.png" "$folder/empty/"
+  cp "$folder/red.png" "$folder/empty/"
   check "a picture that comes later is seen within 30 seconds" player_wait 35 is_red
   move_pointer
   ends || true

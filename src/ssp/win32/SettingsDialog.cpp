@@ -77,9 +77,6 @@ void configureSaver(const SaverProgram& program, const SaverArguments& arguments
   form->setTopmost(isAboveAll(owner));
   toolkit.open(*form);
   if (!form->isOpen()) return;
-  if (owner) {
-    SetWindowLongPtrW(windowOf(*form), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
-  }
   form->fit();
   // Twice: coming to a monitor of another resolution changes its size.
   place(*form, arguments);
@@ -92,6 +89,10 @@ void configureSaver(const SaverProgram& program, const SaverArguments& arguments
   ownerCheck.setEnabled(owner != nullptr);
   form->show();
   form->activate();
+  // Not before it has the keyboard, which Wine would leave with the other program's window.
+  if (owner) {
+    SetWindowLongPtrW(windowOf(*form), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+  }
   loop.run();
   if (form->accepted() && !file.save(form->settingsText())) sayNotSaved();
 }
