@@ -1,0 +1,63 @@
+#include "platform/win32/Win32Accounts.h"
+
+#include <windows.h>
+// After windows.h, which it needs:
+#include <lm.h>
+
+#include <array>
+#include <span>
+
+#include "platform/win32/WindowsText.h"
+
+namespace tessivo {
+namespace {
+
+constexpr DWORD kMostBytes = 1024;
+constexpr DWORD kNameSize = 199;
+
+/// Takes the names out of the system's buffer, which is given back.
+template <typename Entry, typename NameOf>
+std::uint32_t takeNames(NET_API_STATUS status, BYTE* buffer, DWORD count, const NameOf& nameOf,
+                        std::vector<std::string>& groups) {
+  groups.clear();
+  if (status == NERR_Success && buffer) {
+    for (const Entry& entry : std::span(reinterpret_cast<const Entry*>(buffer), count)) {
+      groups.push_back(fromWide(nameOf(entry)));
+    }
+  }
+  if (buffer) NetApiBufferFree(buffer);
+  return status;
+}
+
+}  // namespace
+
+std::string Win32Accounts::currentUserName() const {
+  std::array<wchar_t, kNameSize + 1> name{};
+  DWORD size = kNameSize;  // becomes the name's length with its NUL
+  if (!GetUserNameW(name.data(), &size)) return "";
+  return fromWide({name.data(), size});
+}
+
+std::uint32_t Win32Accounts::localGroupsOf(const std::string& server, const std::string& user,
+                                           std::vector<std::string>& groups) const {
+  BYTE* buffer = nullptr;
+  DWORD count = 0;
+  DWORD total = 0;
+  const NET_API_STATUS status = NetUserGetLocalGroups(toWide(server).c_str(), toWide(user).c_str(),
+                                                      0, 0, &buffer, kMostBytes, &count, &total);
+  return takeNames<LOCALGROUP_USERS_INFO_0>(
+      status, buffer, count, [](const auto& entry) { return entry.lgrui0_name; }, groups);
+}
+
+std::uint32_t Win32Accounts::globalGroupsOf(const std::string& server, const std::string& user,
+                                            std::vector<std::string>& groups) const {
+  BYTE* buffer = nullptr;
+  DWORD count = 0;
+  DWORD total = 0;
+  const NET_API_STATUS status = NetUserGetGroups(toWide(server).c_str(), toWide(user).c_str(), 0,
+                                                 &buffer, kMostBytes, &count, &total);
+  return takeNames<GROUP_USERS_INFO_0>(
+      status, buffer, count, [](const auto& entry) { return entry.grui0_name; }, groups);
+}
+
+}  // namespace tessivo

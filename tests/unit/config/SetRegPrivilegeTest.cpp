@@ -1,0 +1,98 @@
+#include "config/SetRegPrivilege.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "fakes/FakeAccounts.h"
+
+namespace tessivo {
+namespace {
+
+class SetRegPrivilegeTest : public testing::Test {
+ protected:
+  FakeProcessToken token;
+  std::string text = "before";
+};
+
+TEST_F(SetRegPrivilegeTest, OpensTheTokenOnceWithAllAccess) {
+  SetRegPrivilege privileges(token);
+  privileges.boolEnablePrivilege(text);
+  privileges.boolUnEnablePrivilege(text);
+  EXPECT_EQ(token.openedWith, std::vector<std::uint32_t>{0xF00FF});
+}
+
+TEST_F(SetRegPrivilegeTest, TheTableHasThirtyNamesInTheirOrder) {
+  const auto& names = SetRegPrivilege::names();
+  EXPECT_EQ(names.size(), 30U);
+  EXPECT_STREQ(names[0], "SeAssignPrimaryTokenPrivilege");
+  EXPECT_STREQ(names[2], "SeBackupPrivilege");
+  EXPECT_STREQ(names[8], "SeDebugPrivilege");
+  EXPECT_STREQ(names[19], "SeRestorePrivilege");
+  EXPECT_STREQ(names[23], "SeSystemEnvironment");
+  EXPECT_STREQ(names[26], "SeTakeOwnershipPrivilege");
+  EXPECT_STREQ(names[29], "SeUnsolicitedInputPrivilege");
+  EXPECT_TRUE(std::is_sorted(names.begin(), names.end(),
+                             [](const char* a, const char* b) { return std::string(a) < b; }));
+}
+
+TEST_F(SetRegPrivilegeTest, SwitchesEachPrivilegeOnButTheTwoThatNoSystemKnows) {
+  SetRegPrivilege privileges(token);
+  EXPECT_TRUE(privileges.boolEnablePrivilege(text));
+  EXPECT_EQ(text, "before");
+  std::vector<std::string> expected(SetRegPrivilege::names().begin(),
+                                    SetRegPrivilege::names().end());
+  std::erase(expected, "SeSystemEnvironment");
+  std::erase(expected, "SeUnsolicitedInputPrivilege");
+  EXPECT_EQ(token.lookedUp, expected);
+  ASSERT_EQ(token.adjusted.size(), 28U);
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    const auto& [all, privilege] = token.adjusted[i];
+    EXPECT_FALSE(all);
+    EXPECT_EQ(privilege.count, 1U);
+    EXPECT_EQ(privilege.identifier, expected[i].size());
+    EXPECT_EQ(privilege.attributes, 2U);
+  }
+}
+
+TEST_F(SetRegPrivilegeTest, AnUnknownPrivilegeIsPassedOverAndNamed) {
+  token.unknown = "SeTcbPrivilege";
+  SetRegPrivilege privileges(token);
+  EXPECT_TRUE(privileges.boolEnablePrivilege(text));
+  EXPECT_EQ(text, "LookupPrivilegeValue(SeTcbPrivilege):1313");
+  EXPECT_EQ(token.adjusted.size(), 27U);
+}
+
+TEST_F(SetRegPrivilegeTest, OfSeveralRefusedOnesTheLastIsNamed) {
+  token.refuseAll = true;
+  SetRegPrivilege privileges(token);
+  EXPECT_TRUE(privileges.boolEnablePrivilege(text));
+  EXPECT_EQ(text, "AdjustTokenPrivileges--(SeUndockPrivilege):6");
+  EXPECT_EQ(token.adjusted.size(), 28U);
+}
+
+TEST_F(SetRegPrivilegeTest, WithoutTheTokenNothingIsSwitchedOn) {
+  token.openError = 5;
+  SetRegPrivilege privileges(token);
+  EXPECT_FALSE(privileges.boolEnablePrivilege(text));
+  EXPECT_EQ(text, "OpenProcessToken:5");
+  EXPECT_TRUE(token.lookedUp.empty());
+}
+
+TEST_F(SetRegPrivilegeTest, TheEndDropsAll) {
+  SetRegPrivilege privileges(token);
+  EXPECT_TRUE(privileges.boolUnEnablePrivilege(text));
+  EXPECT_EQ(text, "before");
+  ASSERT_EQ(token.adjusted.size(), 1U);
+  EXPECT_TRUE(token.adjusted[0].first);
+}
+
+TEST_F(SetRegPrivilegeTest, AnEndThatIsRefusedSaysWhy) {
+  token.refuseAll = true;
+  SetRegPrivilege privileges(token);
+  EXPECT_FALSE(privileges.boolUnEnablePrivilege(text));
+  EXPECT_EQ(text, "AdjustTokenPrivileges: 6");
+}
+
+}  // namespace
+}  // namespace tessivo
