@@ -115,6 +115,21 @@ TEST_F(Win32FormTest, EnterPressesTheButtonWithTheKeyboard) {
   EXPECT_EQ(form.trace(), "ok");
 }
 
+TEST_F(Win32FormTest, EnterAndEscapeCloseADroppedListBeforeTheFormHearsOfThem) {
+  int keys = 0;
+  form.onKey.listen([&keys](KeyPress&) { ++keys; });
+  form.show();
+  const HWND combo = windowOf(form.comboRule);
+  SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+  EXPECT_FALSE(pressKey(combo, VK_RETURN));
+  EXPECT_FALSE(pressKey(combo, VK_ESCAPE));
+  EXPECT_EQ(keys, 0);
+  SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+  pressKey(combo, VK_RETURN);
+  pressKey(combo, VK_ESCAPE);
+  EXPECT_EQ(keys, 2);
+}
+
 TEST_F(Win32FormTest, KeysOfOtherWindowsAreLeftAlone) {
   EXPECT_FALSE(pressKey(GetDesktopWindow(), VK_TAB));
 }

@@ -66,7 +66,8 @@ class Win32FormWorld : public FormWorld {
     clickAt(windowOf(tabs), middleOf(at));
   }
   void type(TextBox& box, const std::string& text) override {
-    // As a paste does: one change for the whole text.
+    // As a paste over all that is there does: one change for the whole text.
+    send(box, EM_SETSEL, 0, -1);
     send(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(toWide(text).c_str()));
   }
   void dragTo(Slider& slider, int value) override {
