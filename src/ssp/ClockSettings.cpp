@@ -15,14 +15,14 @@ bool sameKey(std::string_view a, std::string_view b) {
 }
 
 ClockSize sizeOf(std::string_view value) {
-  const auto found = std::find_if(kSizeKeys.begin(), kSizeKeys.end(),
-                                  [&](const char* key) { return sameKey(key, value); });
+  const auto* const found = std::find_if(kSizeKeys.begin(), kSizeKeys.end(),
+                                         [&](const char* key) { return sameKey(key, value); });
   if (found == kSizeKeys.end()) return ClockSettings{}.size;
   return static_cast<ClockSize>(found - kSizeKeys.begin());
 }
 
 std::size_t colourOf(std::string_view value) {
-  const auto found =
+  const auto* const found =
       std::find_if(kClockColours.begin(), kClockColours.end(),
                    [&](const ClockColour& colour) { return sameKey(colour.key, value); });
   if (found == kClockColours.end()) return ClockSettings{}.colour;

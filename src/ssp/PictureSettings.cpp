@@ -9,8 +9,9 @@ namespace tessivo::ssp {
 namespace {
 
 int staySecondsOf(const std::string& value) {
-  const auto found = std::find_if(kStaySeconds.begin(), kStaySeconds.end(),
-                                  [&](int seconds) { return std::to_string(seconds) == value; });
+  const auto* const found =
+      std::find_if(kStaySeconds.begin(), kStaySeconds.end(),
+                   [&](int seconds) { return std::to_string(seconds) == value; });
   return found == kStaySeconds.end() ? PictureSettings{}.staySeconds : *found;
 }
 
