@@ -10,7 +10,6 @@
 
 #include "fakes/TempFolder.h"
 #include "platform/win32/WindowsText.h"
-#include "win32/ResourceCounts.h"
 
 namespace tessivo {
 namespace {
@@ -157,15 +156,6 @@ TEST_F(Win32FilesTest, FilesOfAPathJustBelowTheLimit) {
     ASSERT_TRUE(make(path + L"\\a.exe"));
     EXPECT_EQ(files.filesIn(plain(path)), Names{"a.exe"}) << length;
   }
-}
-
-TEST_F(Win32FilesTest, LookingAtAFolderLeavesNoHandle) {
-  ASSERT_TRUE(make(root() + L"\\a.exe"));
-  files.filesIn(plain(root()));
-  const int before = processHandles();
-  for (int i = 0; i < 10; ++i) files.filesIn(plain(root()));
-  for (int i = 0; i < 10; ++i) files.filesIn(plain(root()) + "\\none");
-  EXPECT_EQ(processHandles(), before);
 }
 
 }  // namespace

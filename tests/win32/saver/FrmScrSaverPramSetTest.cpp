@@ -21,6 +21,7 @@ namespace {
 using ui::windowOf;
 
 constexpr int kLookMs = 30;
+constexpr ULONGLONG kDeadlineMs = 15000;
 
 class FrmScrSaverPramSetTest : public testing::Test {
  protected:
@@ -33,11 +34,18 @@ class FrmScrSaverPramSetTest : public testing::Test {
     placeholder.lngFaceTop(200 * 15);
   }
 
-  /// Shows the placeholder, and calls `look` again and again until that says it is enough.
+  /// Shows the placeholder, and calls `look` again and again until that says it is enough. One that
+  /// does not go is a failure.
   void showOver(const std::function<bool()>& look) {
+    const ULONGLONG deadline = GetTickCount64() + kDeadlineMs;
+    bool isEnough = false;
     ui::Timer looking(timers, "timLooking", kLookMs);
     looking.onTimer.listen([&] {
-      if (look()) looking.setEnabled(false);
+      isEnough = isEnough || look();
+      if (GetTickCount64() < deadline) return;
+      ADD_FAILURE() << "it does not go";
+      looking.setEnabled(false);
+      placeholder.unload();
     });
     looking.setEnabled(true);
     placeholder.showOver(toolkit, owner);
