@@ -102,6 +102,7 @@ own_settings() {
 placeholder_is_a_dot() {
   local window
   window=$(xdotool search --name '213ScrSavPramSet')
+  [[ -n $window ]] || return
   found=$(xwininfo -frame -id "$window" | awk '/Width/ { w = $2 } /Height/ { print w "x" $2 }')
   [[ $found == 1x1 ]]
 }

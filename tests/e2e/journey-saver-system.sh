@@ -19,6 +19,11 @@ by_tray() {
   open_tray_menu && choose 4 3 && player_wait 5 question_is_up && player_drive answer cmdYes
 }
 
+x_saver_is_on() {
+  found="timeout $(x_saver)"
+  (($(x_saver) > 0))
+}
+
 # left_by WAY: with the X server's saver at 600 seconds before.
 left_by() {
   xset s 600 600
@@ -37,7 +42,7 @@ was_off() {
   begin_player
   check "off before the start: off while it runs" x_saver_is 0
   player_drive close
-  check "on afterwards all the same" test "$(x_saver)" -gt 0
+  check "on afterwards all the same" player_wait 3 x_saver_is_on
   player_end
 }
 
@@ -57,13 +62,13 @@ second_start() {
 killed() {
   xset s 600 600
   begin_player
-  player_wait 3 x_saver_is 0
+  player_wait 3 x_saver_is 0 || true
   player_drive kill
   player_wait 5 has_ended
   check "after a kill it stays off" x_saver_is 0
   player_start "$folder"
   player_drive close
-  check "until the player has been left the next time" test "$(x_saver)" -gt 0
+  check "until the player has been left the next time" player_wait 3 x_saver_is_on
   player_end
 }
 

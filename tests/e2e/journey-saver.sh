@@ -43,7 +43,7 @@ program_over_the_show() {
   check "the picture is full screen" is_full_screen_right
   check "idle: the program starts" starts_again
   check "over exactly the second monitor" started_as "$over_right"
-  check "it was started with these words, without the keyboard" noted_as "$over_right"
+  check "it was started with these words, without the keyboard" player_wait 3 noted_as "$over_right"
   check "the log says that the user is idle" said 'the user is idle$'
   check "it starts once, as long as nobody touches anything" count_stays starts 4
   local before
@@ -85,7 +85,7 @@ left_of_the_primary() {
   begin_saver left "build/e2e/saver-left" 1 0 stand-in
   check "left of the primary: it starts" starts_again
   check "negative coordinates" started_as "RUN##-1280##0##1280##1024##1##$title"
-  check "as the program sees them" noted_as "RUN##-1280##0##1280##1024##1##$title"
+  check "as the program sees them" player_wait 3 noted_as "RUN##-1280##0##1280##1024##1##$title"
 }
 
 # Whoever splits the command line at a blank starts one of the others.
@@ -99,7 +99,7 @@ folder_with_blanks() {
   done
   check "a folder with blanks and Chinese: it starts" starts_again
   check "the program meant" started_as "$over_right"
-  check "with the words meant" noted_as "$over_right"
+  check "with the words meant" player_wait 3 noted_as "$over_right"
   check "and no other" no_decoy_ran "$beside"
 }
 no_decoy_ran() {
