@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/Controler.h"
+#include "fakes/FakeAccounts.h"
 #include "fakes/FakeDisplays.h"
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeLog.h"
@@ -96,8 +97,10 @@ struct World {
   FakeIdleInput idleInput{still};
   FakeSystemPower power{trace};
   FakeProcesses processes;
+  FakeProcessToken token;
   Controler controler{{keys, files, displays, pointer, loop, log, clock, windows, registry,
-                       shownWindows, caughtWindows, timers, idleInput, power, processes, "C:\\p"}};
+                       shownWindows, caughtWindows, timers, idleInput, power, processes, token,
+                       "C:\\p"}};
   frmScreen screen{{toolkit, timers, displays, files, log, engines, windows, caughtWindows}};
 };
 

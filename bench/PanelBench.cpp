@@ -18,6 +18,7 @@
 
 #include "app/StartUp.h"
 #include "data/PrepareDatabase.h"
+#include "fakes/FakeAccounts.h"
 #include "fakes/FakeDisplays.h"
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeFileDialogs.h"
@@ -167,9 +168,10 @@ class Program {
   FakeIdleInput idleInput_{still_};
   FakeSystemPower power_{trace_};
   FakeProcesses processes_;
+  FakeProcessToken token_;
   Controler controler_{{keys_, files_, displays_, pointer_, loop_, log_, clock_, windows_, mtimer_,
                         shownWindows_, caughtWindows_, timers_, idleInput_, power_, processes_,
-                        "C:\\p"}};
+                        token_, "C:\\p"}};
   ui::Win32Toolkit toolkit_{TwipsPerPixel{}, log_};
   FakeFileDialogs fileDialogs_;
   FakeShell shell_;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/CommandLine.h"
+#include "app/ConfigFace.h"
 #include "app/Controler.h"
 #include "app/PrevInstance.h"
 #include "app/ProgramPaths.h"
@@ -22,6 +23,7 @@
 #include "platform/FileLog.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/SingleInstance.h"
+#include "platform/win32/Win32Accounts.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32DesktopWindows.h"
 #include "platform/win32/Win32Displays.h"
@@ -33,7 +35,9 @@
 #include "platform/win32/Win32Messaging.h"
 #include "platform/win32/Win32OsVersion.h"
 #include "platform/win32/Win32Pointer.h"
+#include "platform/win32/Win32ProcessToken.h"
 #include "platform/win32/Win32Processes.h"
+#include "platform/win32/Win32Registry.h"
 #include "platform/win32/Win32SharedMemory.h"
 #include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32ShownWindows.h"
@@ -127,8 +131,9 @@ int runProgram() {
   const Win32IdleInput idleInput;
   Win32SystemPower power;
   Win32Processes processes;
+  Win32ProcessToken token;
   Controler controler({keys, files, displays, pointer, loop, *log, clock, windows, timerRegistry,
-                       shownWindows, caughtWindows, timers, idleInput, power, processes,
+                       shownWindows, caughtWindows, timers, idleInput, power, processes, token,
                        paths.programFolder});
   frmScreen screen({toolkit, timers, displays, files, *log, engines, windows, caughtWindows});
   Win32FileDialogs fileDialogs(*log);
@@ -145,6 +150,16 @@ int runProgram() {
   frmMain panel(
       {toolkit, timers, clock, pointer, windows, fileDialogs, shell, exitQuestion, paths.helpPage},
       displays.twipsPerPixel(), controler);
+  Win32Registry registry;
+  const Win32Accounts accounts;
+  ConfigFace configFace(
+      {toolkit, timers, shell, registry, accounts, *log, paths.database, paths.programFolder},
+      clock, processes, controler);
+  // Over the panel, unless it is hidden or has a dialog already.
+  controler.configFaceWanted.listen([&] {
+    const bool overPanel = panel.visible() && panel.enabled();
+    configFace.open(overPanel ? static_cast<ui::Form&>(panel) : tray);
+  });
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});

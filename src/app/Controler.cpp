@@ -34,7 +34,11 @@ std::optional<cMonitor> monitorUnder(const Displays& displays, Point point) {
 }  // namespace
 
 Controler::Controler(const ControlerServices& services)
-    : services_(services), adding_(services.clock, services.formTimers) {
+    : services_(services),
+      setRegPrivilege_(services.token),
+      adding_(services.clock, services.formTimers) {
+  std::string ignored;  // what the user may not have, he does without
+  setRegPrivilege_.boolEnablePrivilege(ignored);
   adding_.progressed.listen([this] { showAddingProgress(); });
 }
 
@@ -109,7 +113,10 @@ void Controler::exitSys() {
       attempt(step);
     }
   }
-  for (const LeavingStep step : {&Controler::stopGuard, &Controler::endScreenSavers}) attempt(step);
+  for (const LeavingStep step :
+       {&Controler::stopGuard, &Controler::endScreenSavers, &Controler::dropPrivileges}) {
+    attempt(step);
+  }
   services_.log.info("stop");
   services_.loop.quit();
 }
@@ -161,6 +168,11 @@ void Controler::savePlayList() {
   } else if (!playList_->strReport().empty()) {
     services_.log.info("playlist saved; " + playList_->strReport());
   }
+}
+
+void Controler::dropPrivileges() {
+  std::string ignored;  // the process ends anyway
+  setRegPrivilege_.boolUnEnablePrivilege(ignored);
 }
 
 void Controler::takeFormsDown() {

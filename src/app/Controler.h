@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "app/PanelFace.h"
-#include "app/RunParameter.h"
 #include "app/SlicedWork.h"
 #include "app/TrayFace.h"
+#include "config/SetRegPrivilege.h"
 #include "data/PlayList.h"
+#include "data/RunParameter.h"
 #include "data/SysConfig.h"
 #include "platform/Files.h"
 #include "platform/Log.h"
@@ -44,6 +45,7 @@ struct ControlerServices {
   const IdleInput& idleInput;
   SystemPower& power;
   Processes& processes;
+  ProcessToken& token;
   std::string applicationFolder;  ///< without a backslash at its end
 };
 
@@ -141,6 +143,8 @@ class Controler {
   /// See `ScreenSaverCtrl::showAScrSavPrcPramConfigFace`.
   std::string showAScrSavPrcPramConfigFace(const std::string& name, std::int32_t x, std::int32_t y,
                                            const std::string& ownerCaption);
+  /// The screen-saver programs that the folder holds now.
+  std::vector<std::string> screenSaverNames();
   /// Takes what the settings dialog asked into the settings, saves them, and lets the screen saver
   /// follow them at once.
   void saveRunPram(const RunParameter& parameter);
@@ -193,8 +197,10 @@ class Controler {
   void savePlayList();
   void stopGuard() { services_.shownWindows.stop(); }
   void endScreenSavers();
+  void dropPrivileges();
 
   ControlerServices services_;
+  SetRegPrivilege setRegPrivilege_;
   SysConfig config_;
   TrayFace* tray_ = nullptr;
   PanelFace* panel_ = nullptr;

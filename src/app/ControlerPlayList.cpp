@@ -11,7 +11,7 @@ namespace {
 
 /// UTF-16 units; the system knows no longer one.
 constexpr std::size_t kLongestPath = 32767;
-constexpr std::size_t kMostBytesAUnit = 3;   // of UTF-8
+constexpr std::size_t kMostBytesAUnit = 3;  // of UTF-8
 
 }  // namespace
 

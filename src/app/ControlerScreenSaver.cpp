@@ -57,6 +57,16 @@ std::string Controler::showAScrSavPrcPramConfigFace(const std::string& name, std
   return m_objScreenSaverCtrl_->showAScrSavPrcPramConfigFace(name, x, y, ownerCaption);
 }
 
+std::vector<std::string> Controler::screenSaverNames() {
+  std::vector<std::string> names;
+  if (!m_objScreenSaverCtrl_) return names;
+  m_objScreenSaverCtrl_->getScrSaverProcNameList();
+  for (std::int32_t i = 1; i <= m_objScreenSaverCtrl_->lngGetScrSavPrcNameLstItmCount(); ++i) {
+    names.push_back(m_objScreenSaverCtrl_->strGetScrSavPrcNameByIndex(i));
+  }
+  return names;
+}
+
 void Controler::saveRunPram(const RunParameter& parameter) {
   config_.boolPlayNextOnErr(parameter.boolPlayNextOnErr);
   config_.boolPopuMainFaceForErr(parameter.boolPopuMainFaceForErr);

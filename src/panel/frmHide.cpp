@@ -55,7 +55,6 @@ frmHide::frmHide(const TrayServices& services, TwipsPerPixel twipsPerPixel, Cont
   picTrayIco_XP.setIcon(icon::kTray);
   picTrayIco_2000.setIcon(icon::kTrayOfOldWindows);
   mnuShowMainFace.setDefault(true);
-  mnuConfig.setEnabled(false);  // there is no settings dialog yet
   listenToMenu();
   timDelayCallWinProc.onTimer.listen([this] { timDelayCallWinProc.setEnabled(false); });
   onMouseMove.listen([this](const ui::MouseEvent& event) {

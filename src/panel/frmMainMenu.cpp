@@ -5,7 +5,6 @@
 namespace tessivo {
 
 void frmMain::listenToMenu() {
-  mnuConfig.setEnabled(false);  // there is no settings dialog yet
   mnuConfig.onClick.listen([this] { controler_.showConfigFace(); });
   mnuFAQ.onClick.listen([this] { openHelp(); });
   mnuAbout.onClick.listen([this] { showAbout(); });

@@ -168,9 +168,6 @@ TEST_F(TrayTest, TheSettingsEntryAsksForTheSettingsDialog) {
   int wanted = 0;
   controler.configFaceWanted.listen([&wanted] { ++wanted; });
   trayForm.mnuConfig.choose();
-  EXPECT_EQ(wanted, 0) << "there is no dialog yet";
-  trayForm.mnuConfig.setEnabled(true);
-  trayForm.mnuConfig.choose();
   EXPECT_EQ(wanted, 1);
 }
 
@@ -426,9 +423,6 @@ TEST_F(PanelMenuTest, TheAboutEntryShowsTheAboutBox) {
 TEST_F(PanelMenuTest, TheSettingsEntryAsksForTheSettingsDialog) {
   int wanted = 0;
   controler.configFaceWanted.listen([&wanted] { ++wanted; });
-  main.mnuConfig.choose();
-  EXPECT_EQ(wanted, 0) << "there is no dialog yet";
-  main.mnuConfig.setEnabled(true);
   main.mnuConfig.choose();
   EXPECT_EQ(wanted, 1);
 }

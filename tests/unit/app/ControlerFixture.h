@@ -2,6 +2,7 @@
 
 #include "app/Controler.h"
 #include "data/PrepareDatabase.h"
+#include "fakes/FakeAccounts.h"
 #include "fakes/FakePanel.h"
 #include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeThreadTimers.h"
@@ -58,8 +59,10 @@ class ControlerFixture : public ScreenFixture {
   FakeIdleInput idleInput{time};
   FakeSystemPower power{trace};
   FakeProcesses processes;
+  FakeProcessToken token;
   Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers,
-                       shownWindows, caughtWindows, time, idleInput, power, processes, "C:\\p"}};
+                       shownWindows, caughtWindows, time, idleInput, power, processes, token,
+                       "C:\\p"}};
 };
 
 }  // namespace tessivo
