@@ -3,11 +3,11 @@
 set(TESSIVO_ICON_SIZES 16 20 24 28 32 40 48 64)
 set(TESSIVO_ICON_FOLDER ${PROJECT_BINARY_DIR}/icons)
 
-# One .ico out of one drawing. 256 pixels are stored as PNG, and only for the program itself.
+# One .ico out of one drawing. 256 pixels are stored as PNG, and only for what folders show large.
 function(tessivo_icon drawing ico)
   cmake_path(GET ico STEM name)
   set(large)
-  if(name STREQUAL "1-program")
+  if(name MATCHES "^(1-program|TessivoMedia)$")
     set(large 256)
   endif()
   set(commands)

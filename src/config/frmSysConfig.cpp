@@ -322,6 +322,7 @@ void frmSysConfig::saveAssociations() {
     type.setAssociationState(lvFileAssociationList.row(row).checked);
     type.saveOldAppIdKeyNameToDB();
   }
+  services_.shell.associationsChanged();
   enableAssociationButtons(true);
   cmdSave.setEnabled(true);
   cmdCancel.setEnabled(true);

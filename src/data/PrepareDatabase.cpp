@@ -11,6 +11,7 @@
 
 #include "base/FilePath.h"
 #include "base/Text.h"
+#include "data/AssociationRows.h"
 #include "data/DataError.h"
 #include "data/DataFiles.h"
 #include "data/SqliteDatabase.h"
@@ -109,6 +110,7 @@ bool completeTables(Database& database) {
 void create(const std::string& path) {
   SqliteDatabase database(path, SqliteDatabase::Missing::isCreated);
   completeTables(database);
+  addShippedAssociations(database);
 }
 
 std::int64_t numberOf(Database& database, const std::string& pragma) {
@@ -161,6 +163,9 @@ DatabaseState checkAndComplete(const std::string& path, Log& log) {
     SqliteDatabase database(path, SqliteDatabase::Missing::fails);
     checkPages(path, database);
     if (completeTables(database)) log.info("database completed with missing tables: " + path);
+    if (addShippedAssociations(database)) {
+      log.info("database completed with file associations: " + path);
+    }
     return DatabaseState::ready;
   } catch (const DataError& error) {
     if (error.fault() != DataFault::damaged) throw;

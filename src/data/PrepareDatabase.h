@@ -9,8 +9,8 @@ namespace tessivo {
 /// What prepareDatabase found or did.
 enum class DatabaseState {
   ready,      ///< it was good; a table or a column that it lacked has been added
-  created,    ///< there was none (or an empty file); now there is one without rows
-  replaced,   ///< it was damaged; it has been kept aside, and there is a new one without rows
+  created,    ///< there was none (or an empty file); now there is one, with the associations alone
+  replaced,   ///< it was damaged; it has been kept aside, and there is a new one like that
   leftAlone,  ///< it cannot be used or not be written now: Access, read-only, held by another
               ///< program, no access
 };

@@ -15,6 +15,8 @@ class Shell {
   /// or path, with the parameters as one text. Does not wait for it. `owner` may be 0. What cannot
   /// be opened shows nothing and is logged.
   virtual void open(WindowHandle owner, const std::string& file, const std::string& parameters) = 0;
+  /// Tells the desktop that file types have other handlers or icons now. Does not wait for it.
+  virtual void associationsChanged() = 0;
 };
 
 }  // namespace tessivo

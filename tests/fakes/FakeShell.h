@@ -14,8 +14,11 @@ struct FakeShell : Shell {
     opened.push_back(file + "|" + parameters);
   }
 
+  void associationsChanged() override { ++changes; }
+
   std::vector<std::string> opened;  ///< "file|parameters"
   WindowHandle lastOwner = 0;
+  int changes = 0;
 };
 
 }  // namespace tessivo

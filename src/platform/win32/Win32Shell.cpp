@@ -3,6 +3,7 @@
 #include <windows.h>
 // After windows.h, which it needs:
 #include <shellapi.h>
+#include <shlobj.h>
 
 #include <cstdint>
 
@@ -33,6 +34,10 @@ void Win32Shell::open(WindowHandle owner, const std::string& file, const std::st
     log_.error("cannot open " + file + ", shell code " + std::to_string(code) + ", error " +
                std::to_string(error));
   });
+}
+
+void Win32Shell::associationsChanged() {
+  SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
 }
 
 }  // namespace tessivo

@@ -11,6 +11,7 @@ class Win32Shell : public Shell {
   explicit Win32Shell(Log& log) : log_(log) {}
 
   void open(WindowHandle owner, const std::string& file, const std::string& parameters) override;
+  void associationsChanged() override;
 
  private:
   Log& log_;

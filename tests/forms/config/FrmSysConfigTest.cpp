@@ -372,8 +372,10 @@ TEST_F(FrmSysConfigTest, SavingAppliesTheTicksASecondLaterAndCloses) {
     EXPECT_TRUE(dialog.visible());
     time.advance(999);
     EXPECT_EQ(registry.calls, 0);
+    EXPECT_EQ(shell.changes, 0);
     EXPECT_TRUE(dialog.visible());
     time.advance(1);
+    EXPECT_EQ(shell.changes, 1);
     EXPECT_FALSE(dialog.visible());
   });
   EXPECT_EQ(registry.classValue(".avi"), "Other");

@@ -100,6 +100,15 @@ TEST_F(ControlerScreenSaverTest, PreviewsAProgramAndOpensItsSettings) {
                                  WindowStyle::normal}}));
 }
 
+TEST_F(ControlerScreenSaverTest, NamesTheProgramsThatTheFolderHoldsNow) {
+  EXPECT_TRUE(controler.screenSaverNames().empty());
+  start();
+  files.folders["D:\\other\\SSP"] = {"clock.exe", "readme.txt", "stars.EXE"};
+  EXPECT_EQ(controler.screenSaverNames(), (std::vector<std::string>{"clock", "stars"}));
+  files.folders["D:\\other\\SSP"] = {"new.exe"};
+  EXPECT_EQ(controler.screenSaverNames(), std::vector<std::string>{"new"});
+}
+
 TEST_F(ControlerScreenSaverTest, TheDialogsValuesAreStoredAndFollowedAtOnce) {
   store(false);
   start();

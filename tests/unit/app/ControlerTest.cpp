@@ -453,6 +453,14 @@ TEST_F(ControlerTest, LeavingWhileLeavingDoesNothing) {
                 kSystemRestored + " | quit");
 }
 
+TEST_F(ControlerTest, HasThePrivilegesOfTheRegistryFromItsCreationToTheEnd) {
+  EXPECT_EQ(token.adjusted.size(), 28U);
+  power.whenAsked = [this] { EXPECT_EQ(token.adjusted.size(), 28U); };
+  controler.exitSys();
+  ASSERT_EQ(token.adjusted.size(), 29U);
+  EXPECT_TRUE(token.adjusted.back().first);
+}
+
 TEST_F(ControlerTest, ClosingThePlaybackWindowAsksWhetherToLeave) {
   screen.close();
   EXPECT_EQ(trace.take(), "exit asked");

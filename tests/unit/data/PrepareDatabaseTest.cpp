@@ -102,14 +102,57 @@ class PrepareDatabaseTest : public testing::Test {
   PlayList list{keys};
 };
 
-TEST_F(PrepareDatabaseTest, AMissingFileBecomesADatabaseWithFourEmptyTables) {
+TEST_F(PrepareDatabaseTest, AMissingFileBecomesADatabaseWithFourTables) {
   EXPECT_EQ(prepare(), DatabaseState::created);
   EXPECT_EQ(tables(), (std::vector<std::string>{"file_association", "file_association_config",
                                                 "play_list", "sys"}));
-  for (const auto& table : tables()) {
+  for (const std::string table : {"play_list", "sys"}) {
     EXPECT_TRUE(runSql(path, "select * from " + table).empty()) << table;
   }
   EXPECT_EQ(log.infos.size(), 1u);
+}
+
+TEST_F(PrepareDatabaseTest, ANewDatabaseHasTheShippedAssociations) {
+  prepare();
+  EXPECT_EQ(runSql(path, "select * from file_association_config"),
+            std::vector<std::string>{"Tessivo.exe|TessivoMedia.ico||"});
+  EXPECT_EQ(runSql(path, "select * from file_association where app_association='.mp3'"),
+            std::vector<std::string>{".mp3|MP3 音频|Tessivo.mp3||WMP11.AssocFile.MP3|mp3file"});
+  EXPECT_GT(runSql(path, "select * from file_association").size(), 40u);
+  // Each extension once, with an identifier of its own; none that breaks what reads them.
+  EXPECT_TRUE(runSql(path,
+                     "select app_association from file_association group by app_association"
+                     " having count(*) > 1")
+                  .empty());
+  EXPECT_TRUE(runSql(path,
+                     "select app_association from file_association where app_id <>"
+                     " 'Tessivo' || app_association or app_association not like '._%'"
+                     " or instr(app_association, '''') > 0 or description_info = ''"
+                     " or old_app_id <> ''")
+                  .empty());
+  // What the desktop itself needs is nobody's to take.
+  EXPECT_TRUE(runSql(path,
+                     "select app_association from file_association where app_association in"
+                     " ('.lnk', '.url', '.dat', '.exe', '.htm', '.jpg', '.gif', '.png')")
+                  .empty());
+}
+
+TEST_F(PrepareDatabaseTest, ADatabaseWithoutAssociationsGetsTheShippedOnes) {
+  prepare();
+  runSql(path, "delete from file_association");
+  runSql(path, "delete from file_association_config");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_GT(runSql(path, "select * from file_association").size(), 40u);
+}
+
+TEST_F(PrepareDatabaseTest, AssociationsThatAreThereStayAsTheyAre) {
+  prepare();
+  runSql(path, "delete from file_association where app_association <> '.mp3'");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_EQ(runSql(path, "select * from file_association").size(), 1u);
+  runSql(path, "delete from file_association");
+  EXPECT_EQ(prepare(), DatabaseState::ready);
+  EXPECT_TRUE(runSql(path, "select * from file_association").empty());
 }
 
 TEST_F(PrepareDatabaseTest, TheTablesHaveTheirColumns) {

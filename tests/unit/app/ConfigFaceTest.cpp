@@ -1,0 +1,83 @@
+#include "app/ConfigFace.h"
+
+#include "fakes/FakeRegistry.h"
+#include "fakes/FakeShell.h"
+#include "fakes/NoToolkit.h"
+#include "unit/app/ControlerFixture.h"
+
+namespace tessivo {
+namespace {
+
+class ConfigFaceTest : public ControlerFixture {
+ protected:
+  void SetUp() override {
+    ControlerFixture::SetUp();
+    files.folders["C:\\p\\SSP"] = {"clock.exe"};
+  }
+  void openWhile(std::function<void(frmSysConfig&)> meanwhile) {
+    dialogs.whenModal = [meanwhile](ui::Form& dialog) {
+      meanwhile(dynamic_cast<frmSysConfig&>(dialog));
+    };
+    face.open(owner);
+  }
+
+  FakeRegistry registry;
+  FakeAccounts accounts;
+  FakeShell shell;
+  NoToolkit dialogs;
+  ui::Form owner{"owner", "", {}};
+  ConfigFace face{{dialogs, time, shell, registry, accounts, log, database, "C:\\p"},
+                  time,
+                  processes,
+                  controler};
+};
+
+TEST_F(ConfigFaceTest, ShowsTheControlersSettingsAndSavesThere) {
+  controler.config().boolPlayNextOnErr(true);
+  openWhile([](frmSysConfig& dialog) {
+    EXPECT_TRUE(dialog.chkOnPlayErrContinuePlay.checked());
+    EXPECT_EQ(dialog.cmbScrSavProcName.items().size(), 1U);
+    dialog.chkOnPlayErrContinuePlay.click();
+    dialog.cmbScrSavProcName.choose(0);
+    dialog.cmdSave.click();
+  });
+  EXPECT_FALSE(controler.config().boolPlayNextOnErr());
+  EXPECT_EQ(controler.config().strScrSavProcName(), "clock");
+  SysConfig stored;
+  stored.strDBFilePath(database);
+  ASSERT_TRUE(stored.boolGetData());
+  EXPECT_EQ(stored.strScrSavProcName(), "clock");
+}
+
+TEST_F(ConfigFaceTest, OneDialogAtATime) {
+  openWhile([this](frmSysConfig&) { face.open(owner); });
+  EXPECT_EQ(dialogs.dialogs, 1);
+  openWhile([](frmSysConfig&) {});
+  EXPECT_EQ(dialogs.dialogs, 2);
+}
+
+TEST_F(ConfigFaceTest, PreviewsAndConfiguresAProgram) {
+  controler.config().boolScreenSaver(true);
+  controler.config().strScrSavProcName("clock");
+  openWhile([this](frmSysConfig& dialog) {
+    dialog.cmdPreviewSS.click();
+    processes.run(400, "C:\\p\\SSP\\clock.exe");
+    bool waited = false;
+    dialogs.whenModal = [&](ui::Form& placeholder) {
+      time.advance(1000);
+      waited = placeholder.visible();
+      processes.running.clear();
+      time.advance(300);
+      EXPECT_FALSE(placeholder.visible());
+    };
+    dialog.setBounds({1500, 3000, 7500, 6300});
+    dialog.cmdPramSet.click();
+    EXPECT_TRUE(waited);
+  });
+  ASSERT_EQ(processes.started.size(), 2U);
+  EXPECT_EQ(processes.started[0].arguments, "RUN##0##0##0##0##0## ");
+  EXPECT_TRUE(processes.started[1].arguments.starts_with("SHOW_CONFIG_FACE##350##410##"));
+}
+
+}  // namespace
+}  // namespace tessivo
