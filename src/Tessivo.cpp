@@ -21,6 +21,7 @@
 #include "panel/frmHide.h"
 #include "panel/frmMain.h"
 #include "platform/FileLog.h"
+#include "platform/win32/ProcessSetUp.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/SingleInstance.h"
 #include "platform/win32/Win32Accounts.h"
@@ -71,13 +72,6 @@ class ComApartment {
  private:
   HRESULT result_;
 };
-
-/// Libraries come from the system's folder and the program's own, never from the current folder or
-/// the search path.
-void restrictLibrarySearch() {
-  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
-  SetDllDirectoryW(L"");
-}
 
 /// Beside the database, or in the user's own folder where the program's may not be written.
 std::unique_ptr<FileLog> openLog(const ProgramPaths& paths, const Clock& clock) {
@@ -170,7 +164,7 @@ int runProgram() {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-  restrictLibrarySearch();
+  setUpProcess();
   const SingleInstance instance(std::string("Tessivo ") + request::kWindowTitle);
   int result = 0;
   if (instance.isFirst()) {

@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 
+#include "platform/win32/ProcessSetUp.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32Displays.h"
 #include "platform/win32/Win32IdleInput.h"
@@ -24,13 +25,6 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kNoWindow = 1;
 constexpr int kNotUnderstood = 2;
-
-/// Libraries come from the system's folder and the program's own, never from the current folder or
-/// the search path.
-void restrictLibrarySearch() {
-  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
-  SetDllDirectoryW(L"");
-}
 
 SettingsFile settingsOf(const SaverProgram& program) {
   const std::string file = "\\" + program.name() + ".ini";
@@ -83,7 +77,7 @@ int runAsTold(const SaverProgram& program, const SaverArguments& arguments) {
 }  // namespace
 
 void runSaverProgram(const SaverProgram& program) {
-  restrictLibrarySearch();
+  setUpProcess();
   OleInitialize(nullptr);
   const int result = runAsTold(program, parseSaverArguments(commandLineArguments()));
   // Nothing waits for a codec that hangs on a thread of its own.
