@@ -98,6 +98,8 @@ void Controler::listenToScreen() {
   // In full screen there is nothing to close it by.
   connections_.push_back(screen_->onClose.connect([this] { tray_->askToExit(); }));
   connections_.push_back(screen_->onEndSession.connect([this] { exitSys(); }));
+  // Its first report comes later than an impatient screen saver.
+  setPlayPosiForScreenSaver(screen_->windowRect());
   connections_.push_back(screen_->reportPosition.connect(
       [this](const Rect& pixels) { setPlayPosiForScreenSaver(pixels); }));
 }

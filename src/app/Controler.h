@@ -94,8 +94,8 @@ class Controler {
   bool boolGetMuteValue() const;
 
   /// Adds one file; nothing when the path is neither a web address nor an existing file, or longer
-  /// than the system's longest. Double
-  /// quotes around the path are not part of it, nor is anything from a NUL on.
+  /// than the system's longest. Double quotes around the path are not part of it, nor is anything
+  /// from a NUL on.
   MoviePtr AddAMovieToPL(const std::string& path);
   /// Adds the paths from index 1 on and, if asked, plays the first one added. A few are added
   /// before the call returns; of many the rest follows in slices, while the user goes on working,

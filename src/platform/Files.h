@@ -13,7 +13,7 @@ class Files {
   /// Whether the path names an existing file (not a folder). Any error means no.
   virtual bool fileExists(const std::string& path) const = 0;
   /// The names, without the folder, of the files in a folder, in the order in which the system
-  /// lists them; folders are not among them. Nothing when the folder cannot be opened.
+  /// lists them; folders are not among them. Nothing when the folder cannot be read.
   virtual std::optional<std::vector<std::string>> filesIn(const std::string& folder) const = 0;
 };
 

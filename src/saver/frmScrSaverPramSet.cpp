@@ -29,8 +29,7 @@ frmScrSaverPramSet::frmScrSaverPramSet(const PramSetServices& services, TwipsPer
       timScrSavPramWinCheck(services.timers, "timScrSavPramWinCheck", kWinCheckMs),
       services_(services) {
   setBoxes(false, false, false);
-  setFrameStyle(0);            // a frame would be seen around nothing, too
-  setFollowsResolution(true);  // its twips are its owner's
+  setFrameStyle(0);  // a frame would be seen around nothing, too
   onResize.listen([this] { vanish(); });
   onClose.listen([this] { unload(); });
   timDelayRun.onTimer.listen([this] { openSettings(); });
@@ -48,12 +47,12 @@ frmScrSaverPramSet::~frmScrSaverPramSet() {
 void frmScrSaverPramSet::showOver(ui::Toolkit& toolkit, ui::Form& owner) {
   setOwner(&owner);
   setTopmost(owner.topmost());
+  ownersTwips_ = owner.twipsPerPixel();
   load();
   toolkit.showModal(*this);
 }
 
 void frmScrSaverPramSet::load() {
-  vanish();
   timDelayRun.setEnabled(true);
   setCaption(secondsSinceMidnight(services_.clock) + kCaptionEnd);
 }
@@ -64,10 +63,12 @@ void frmScrSaverPramSet::vanish() {
 
 void frmScrSaverPramSet::openSettings() {
   timDelayRun.setEnabled(false);
-  setBounds({lngFaceLeft_, lngFaceTop_, 0, 0});
+  // By way of the pixels: on a monitor of another resolution the owner's twips are not its own.
+  setWindowPos(
+      {toPixels(lngFaceLeft_, ownersTwips_.x), toPixels(lngFaceTop_, ownersTwips_.y), 0, 0});
+  const Rect placed = windowRect();
   strProcFilePath_ =
-      services_.showAScrSavPrcPramConfigFace(strProcName_, toPixels(left(), twipsPerPixel().x),
-                                             toPixels(top(), twipsPerPixel().y), caption());
+      services_.showAScrSavPrcPramConfigFace(strProcName_, placed.left, placed.top, caption());
   timScrSavPramWinCheck.setEnabled(true);
 }
 

@@ -56,6 +56,7 @@ class frmScrSaverPramSet final : public ui::Form {
   std::string strProcFilePath_;
   std::int32_t lngFaceLeft_ = 0;
   std::int32_t lngFaceTop_ = 0;
+  TwipsPerPixel ownersTwips_;
 };
 
 }  // namespace tessivo

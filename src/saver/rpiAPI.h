@@ -7,7 +7,7 @@
 
 namespace tessivo::rpiAPI {
 
-/// Looks among the running processes for an executable, letters compared without regard to case: by
+/// Looks among the running processes for an executable, ASCII letters in any case: by
 /// `fullPath`, or when that is empty by `baseName`, which sets `fullPath` to that of the last
 /// match. `count` becomes the number of matches. Returns the last match's process identifier, 0
 /// when there is none, -1 when both names are empty, -2 (and `count` as it was) when the system

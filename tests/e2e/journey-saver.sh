@@ -10,6 +10,13 @@ over_right="RUN##1280##0##1280##1024##1##$title"
 # begin_saver LAYOUT FOLDER ON MINUTES NAME [FILE]: a player with these settings, the pointer over its
 # panel, the place of its picture reported. Without a name there is not even the folder SSP.
 begin_saver() {
+  begin_untouched "$@"
+  touch_mouse
+  sleep 2.5
+}
+
+# The same, and nobody touches the machine.
+begin_untouched() {
   local layout=$1 on=$3 minutes=$4 saver=$5 file=${6:-}
   if [[ -n $PLAYER_PID ]] && ! has_ended; then player_drive close; fi
   player_end
@@ -20,8 +27,6 @@ begin_saver() {
   player_list "$folder" 1 40 "$clips/long.mp4"
   saver_settings "$on" "$minutes" "$saver"
   player_start "$folder"
-  touch_mouse
-  sleep 2.5
 }
 
 # The stand-in's own account of its last start.
@@ -80,6 +85,14 @@ other_places() {
   player_drive stop
 }
 title_now() { xdotool search --name '播放窗口' getwindowname 2>/dev/null | head -n 1; }
+
+# Earlier than the playback window's first report of its place.
+idle_from_the_start() {
+  begin_untouched right build/e2e/saver-idle 1 0 stand-in
+  check "idle from the start: it starts" player_wait 6 more_than 0 starts
+  check "over the second monitor all the same" started_as "$over_right"
+  check "once" count_stays starts 3
+}
 
 left_of_the_primary() {
   begin_saver left "build/e2e/saver-left" 1 0 stand-in
@@ -216,5 +229,6 @@ no_program
 never_ends
 switched_off
 after_a_minute
+idle_from_the_start
 left_of_the_primary
 clock

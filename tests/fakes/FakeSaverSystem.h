@@ -24,6 +24,7 @@ struct FakeIdleInput : IdleInput {
   explicit FakeIdleInput(const VirtualTime& t) : time(t) {}
   std::optional<std::uint32_t> lastInputTick() const override {
     ++reads;
+    if (whenRead) whenRead();
     if (fails) return std::nullopt;
     return lastInput;
   }
@@ -39,6 +40,7 @@ struct FakeIdleInput : IdleInput {
   std::uint32_t startTick = 0;
   std::uint32_t lastInput = 0;
   bool fails = false;
+  std::function<void()> whenRead;
   mutable int reads = 0;
 };
 

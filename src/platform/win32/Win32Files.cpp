@@ -55,7 +55,10 @@ std::optional<std::vector<std::string>> Win32Files::filesIn(const std::string& f
       names.push_back(fromWide(&entry.cFileName[0]));
     }
   } while (FindNextFileW(search, &entry));
+  // A share that dies on the way must not look like a folder with fewer files.
+  const bool whole = GetLastError() == ERROR_NO_MORE_FILES;
   FindClose(search);
+  if (!whole) return std::nullopt;
   return names;
 }
 

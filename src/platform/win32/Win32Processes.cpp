@@ -26,6 +26,16 @@ std::string textOf(const NameBuffer& buffer) {
   return fromWide({buffer.begin(), std::find(buffer.begin(), buffer.end(), L'\0')});
 }
 
+/// What the system itself knows of an executable whose modules are not to be had: one that is just
+/// coming up, or one of 64 bits looked at by a program of 32.
+std::optional<ProcessModule> imageOf(HANDLE process) {
+  NameBuffer buffer{};
+  auto size = static_cast<DWORD>(buffer.size());
+  if (!QueryFullProcessImageNameW(process, 0, buffer.data(), &size)) return std::nullopt;
+  const std::string path = textOf(buffer);
+  return ProcessModule{std::string(fileNameOf(path)), path};
+}
+
 }  // namespace
 
 std::uint32_t Win32Processes::start(const std::string& program, const std::string& arguments,
@@ -64,7 +74,9 @@ std::optional<ProcessModule> Win32Processes::firstModule(std::uint32_t identifie
   if (!process) return std::nullopt;
   HMODULE module = nullptr;
   DWORD needed = 0;
-  if (!EnumProcessModules(process.get(), &module, sizeof module, &needed)) return std::nullopt;
+  if (!EnumProcessModules(process.get(), &module, sizeof module, &needed)) {
+    return imageOf(process.get());
+  }
   NameBuffer baseName{};
   NameBuffer path{};
   const auto size = static_cast<DWORD>(path.size());

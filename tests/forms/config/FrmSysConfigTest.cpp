@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/DataAccess.h"
-#include "data/PrepareDatabase.h"
+#include "fakes/EmptyDatabase.h"
 #include "fakes/FakeAccounts.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeRegistry.h"
@@ -57,8 +57,7 @@ class FrmSysConfigTest : public testing::Test {
     host.settings.boolScreenSaver(true);
     host.settings.lngSSDelayMinute(12);
     host.settings.strScrSavProcName("图片欣赏");
-    ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
-    const auto rows = DataAccess().objrsGetRecordSet("delete from file_association", database);
+    prepareEmptyDatabase(database, log);
     addType(".avi", "AVI 视频");
     addType(".mp3", "MP3 音频");
     addType(".wav", "WAV 音频");

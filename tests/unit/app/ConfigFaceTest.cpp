@@ -38,6 +38,7 @@ TEST_F(ConfigFaceTest, ShowsTheControlersSettingsAndSavesThere) {
     EXPECT_TRUE(dialog.chkOnPlayErrContinuePlay.checked());
     EXPECT_EQ(dialog.cmbScrSavProcName.items().size(), 1U);
     dialog.chkOnPlayErrContinuePlay.click();
+    dialog.chkOpenScrSav.click();
     dialog.cmbScrSavProcName.choose(0);
     dialog.cmdSave.click();
   });

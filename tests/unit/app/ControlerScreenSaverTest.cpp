@@ -56,6 +56,16 @@ TEST_F(ControlerScreenSaverTest, AnIdleUserStartsTheStoredProgramFromTheFolderOv
                                                     WindowStyle::normalNoFocus}}));
 }
 
+TEST_F(ControlerScreenSaverTest, BeforeTheFirstReportTheWindowIsWhereItCameUp) {
+  store(true, 0);
+  screen.setBounds({1500, 3000, 15 * 640, 15 * 480});
+  screen.timFrmPosiReport.setEnabled(false);
+  start();
+  time.advance(1'000);
+  ASSERT_EQ(processes.started.size(), 1U);
+  EXPECT_TRUE(processes.started[0].arguments.starts_with("RUN##100##200##640##480##0##"));
+}
+
 TEST_F(ControlerScreenSaverTest, TheProgramIsToldWhetherThePictureIsFullScreenAndItsTitle) {
   start();
   screen.setMaximum({1280, -40, 1920, 1080});
@@ -125,6 +135,15 @@ TEST_F(ControlerScreenSaverTest, TheDialogsValuesAreStoredAndFollowedAtOnce) {
   time.advance(2'000);
   ASSERT_EQ(processes.started.size(), 1U);
   EXPECT_EQ(processes.started[0].program, "D:\\other\\SSP\\pictures.exe");
+}
+
+TEST_F(ControlerScreenSaverTest, TheValuesAreSavedBeforeTheWatchFollowsThem) {
+  store(false);
+  start();
+  std::int32_t delayThen = 0;
+  idleInput.whenRead = [&] { delayThen = stored().lngSSDelayMinute(); };
+  controler.saveRunPram(parameter);
+  EXPECT_EQ(delayThen, 3);
 }
 
 TEST_F(ControlerScreenSaverTest, EachOfTheDialogsSwitchesIsItsOwn) {

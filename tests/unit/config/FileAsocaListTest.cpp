@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/DataAccess.h"
-#include "data/PrepareDatabase.h"
+#include "fakes/EmptyDatabase.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeRegistry.h"
 #include "fakes/TempFolder.h"
@@ -19,7 +19,7 @@ class FileAsocaListTest : public testing::Test {
   using Row = std::vector<std::pair<std::string, std::string>>;
 
   void SetUp() override {
-    ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
+    prepareEmptyDatabase(database, log);
     list.strConfigFilePath = database;
     list.strMainAppFolderPath = "C:\\p";
     list.strDefaultIcoFolderPath = "C:\\p\\ico";

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "data/DataAccess.h"
-#include "data/PrepareDatabase.h"
+#include "fakes/EmptyDatabase.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeRegistry.h"
 #include "fakes/TempFolder.h"
@@ -344,7 +344,7 @@ class FileAsocaInDatabase : public FileAsocaTest {
  protected:
   void SetUp() override {
     FileAsocaTest::SetUp();
-    ASSERT_EQ(prepareDatabase(database, log), DatabaseState::created);
+    prepareEmptyDatabase(database, log);
     const auto rows = table();
     for (const char* const extension : {".mp3", ".avi"}) {
       rows->addNew();

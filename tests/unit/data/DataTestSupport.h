@@ -16,6 +16,7 @@
 #include "base/FilePath.h"
 #include "data/DataFiles.h"
 #include "data/PrepareDatabase.h"
+#include "fakes/EmptyDatabase.h"
 #include "fakes/TempFolder.h"
 #include "platform/Log.h"
 
@@ -79,7 +80,7 @@ class DatabaseTest : public testing::Test {
  protected:
   void SetUp() override {
     RecordingLog log;
-    ASSERT_EQ(prepareDatabase(path, log), DatabaseState::created);
+    prepareEmptyDatabase(path, log);
   }
 
   TempFolder folder;

@@ -109,6 +109,15 @@ TEST_F(FrmScrSaverPramSetTest, PixelsAreRoundedHalfToEven) {
   });
 }
 
+TEST_F(FrmScrSaverPramSetTest, ThePlaceIsInTheOwnersTwips) {
+  ui::Form other{"other", "", {10, 12}};
+  toolkit.whenModal = [this](ui::Form&) {
+    time.advance(200);
+    EXPECT_NE(trace.take().find("clock 300,125 "), std::string::npos);
+  };
+  pramSet.showOver(toolkit, other);
+}
+
 TEST_F(FrmScrSaverPramSetTest, StaysWhileTheProgramRunsAndGoesWhenItHasEnded) {
   processes.run(400, "c:\\P\\ssp\\CLOCK.exe");
   showWhile([this] {

@@ -11,7 +11,7 @@ namespace {
 struct FakeKeyPosting : KeyPosting {
   using Posted = std::tuple<WindowHandle, std::uint32_t, std::uint32_t, std::uint32_t>;
   std::uint32_t scanCodeOf(std::uint32_t virtualKey) const override {
-    return virtualKey == 'A' ? 0x1E : 5;
+    return virtualKey == 'A' ? 0x1E : virtualKey == 'B' ? 0x130 : 5;
   }
   void post(WindowHandle window, std::uint32_t message, std::uint32_t virtualKey,
             std::int32_t keyData) override {
@@ -44,6 +44,8 @@ TEST_F(SendKeyTest, AScanCodeHasTwoDigits) {
   ASSERT_EQ(keys.posted.size(), 2U);
   EXPECT_EQ(keys.posted[0], (FakeKeyPosting::Posted{1, 256, '4', 0x00050001}));
   EXPECT_EQ(keys.posted[1], (FakeKeyPosting::Posted{1, 257, '4', 0xC0050001}));
+  sender.SendKey(1, "B");  // of a longer one the last two count
+  EXPECT_EQ(keys.posted[2], (FakeKeyPosting::Posted{1, 256, 'B', 0x00300001}));
 }
 
 TEST_F(SendKeyTest, WhatIsNoKeySendsNothing) {
