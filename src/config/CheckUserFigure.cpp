@@ -10,6 +10,7 @@ namespace {
 constexpr const char* kAdministrators = "administrators";
 
 std::string listed(const std::vector<std::string>& groups) {
+  if (groups.front().empty()) return "unknown";
   std::string all;
   for (const std::string& group : groups) all += (all.empty() ? "\"" : ", \"") + group + '"';
   return all;
@@ -24,8 +25,8 @@ bool CheckUserFigure::boolUserBlongToAdminsGroup() const {
                        std::any_of(groups.begin(), groups.end(),
                                    [&](const auto& group) { return toUpper(group) == wanted; });
   log_.info(std::string("file associations are ") + (belongs ? "open" : "locked") +
-            ": the user's local groups are " + listed(groups) + ", which " +
-            (belongs ? "has" : "has not") + " \"Administrators\" by that name");
+            " (by membership in the local group \"Administrators\"): the user's groups are " +
+            listed(groups));
   return belongs;
 }
 

@@ -1,0 +1,122 @@
+#!/usr/bin/env bash
+# The settings dialog from the panel's menu: what is saved, what is not, a screen-saver program's own
+# settings and preview from there, the file types for one who may not change them, and leaving while it
+# is up.
+source "$(dirname "${BASH_SOURCE[0]}")/saver.sh"
+
+setting_is() {
+  found=$(sqlite3 "$folder/SysConfig" "select $1 from sys")
+  [[ $found == "$2" ]]
+}
+settings_window() { xdotool search --onlyvisible --name '^设置$' 2>/dev/null | head -n 1; }
+settings_are_up() { [[ -n $(settings_window) ]]; }
+settings_are_gone() { [[ -z $(settings_window) ]]; }
+has_keyboard() {
+  found=$(xdotool getwindowfocus getwindowname)
+  [[ $found =~ $1 ]]
+}
+open_settings() {
+  open_panel_menu
+  choose 0 0
+  player_wait 5 settings_are_up
+  player_wait 3 has_keyboard '^设置$' || xdotool windowactivate "$(settings_window)"
+  sleep 0.5
+}
+# settings_key KEY…: to the dialog, and time for it to follow.
+settings_key() {
+  key "$@"
+  sleep 0.4
+}
+
+saving_and_cancelling() {
+  open_settings
+  check "the dialog is up" settings_are_up
+  check "over the panel's monitor" on_left "$(settings_window)"
+  desktop_screenshot "$shots/first-tab.png"
+  settings_key alt+n alt+m alt+s
+  check "saving closes it" player_wait 3 settings_are_gone
+  check "go on after an error: saved" setting_is play_next_item_on_err 1
+  check "show the panel at an error: saved" setting_is popu_main_face_for_err 1
+  check "what was not touched stays" setting_is "save_play_list || screen_saver" 11
+  check "the program and its delay, too" setting_is "scr_sav_proc_name || screen_saver_delay_minute" 时钟12
+  open_settings
+  settings_key alt+n alt+k alt+c
+  check "cancelled: it closes" player_wait 3 settings_are_gone
+  check "and nothing changes" setting_is "play_next_item_on_err || save_play_list" 11
+  open_settings
+  settings_key alt+n Escape
+  check "Esc likewise" player_wait 3 settings_are_gone
+  check "nothing changes" setting_is play_next_item_on_err 1
+}
+on_left() {
+  local left
+  left=$(xwininfo -id "$1" | awk '/Absolute upper-left X/ { print $4 }')
+  found="left edge $left"
+  ((left >= 0 && left < 1280))
+}
+
+of_a_screen_saver() {
+  open_settings
+  settings_key alt+v
+  check "the preview covers the pointer's monitor" player_wait 5 clock_is_at 0,0,1280,1024
+  sleep 1
+  touch_mouse
+  check "a moved mouse ends it" player_wait 5 no_clock
+  check "the dialog is still there" settings_are_up
+  xdotool windowactivate "$(settings_window)"
+  sleep 0.5
+  settings_key alt+t
+  check "the program's own settings come up" player_wait 5 program_settings_are_up
+  check "over the same monitor" on_left "$(program_settings)"
+  desktop_screenshot "$shots/program-settings.png"
+  settings_key alt+s
+  check "the dialog is switched off meanwhile" settings_are_up
+  xdotool windowactivate "$(program_settings)"
+  settings_key Escape
+  check "they close" player_wait 3 program_settings_are_gone
+  sleep 1
+  xdotool windowactivate "$(settings_window)"
+  settings_key alt+c
+  check "and the dialog is back" player_wait 3 settings_are_gone
+}
+program_settings() { xdotool search --onlyvisible --name '^时钟 *设置$' 2>/dev/null | head -n 1; }
+program_settings_are_up() { [[ -n $(program_settings) ]]; }
+program_settings_are_gone() { [[ -z $(program_settings) ]]; }
+
+# Under Wine nobody is a member of the group.
+of_the_file_types() {
+  open_settings
+  settings_key shift+Tab  # from the first box to the tabs
+  settings_key Right
+  sleep 2
+  desktop_screenshot "$shots/second-tab.png"
+  check "the log says why the file types are locked" said 'file associations are locked '
+  settings_key alt+s
+  check "saving closes the dialog" player_wait 3 settings_are_gone
+  check "no extension was taken" no_class 'Tessivo.mp3'
+}
+no_class() { ! player_wine reg query "HKCR\\$1" >/dev/null 2>&1; }
+
+leaving_meanwhile() {
+  open_settings
+  settings_key alt+n
+  check "the program is ended while the dialog is up" leaves_at_once
+  check "what was not saved is not" setting_is play_next_item_on_err 1
+}
+leaves_at_once() {
+  player_drive close
+  player_wait 5 has_ended
+}
+
+journey settings
+player_savers "$folder"
+rm -f "$folder"/SysConfig* "$folder"/Tessivo.log
+player_list "$folder" 1 40 "$clips/long.mp4"
+saver_settings 1 12 时钟
+journey_setting play_next_item_on_err 0
+player_start "$folder"
+player_wait 10 panel_is visible
+saving_and_cancelling
+of_a_screen_saver
+of_the_file_types
+leaving_meanwhile
