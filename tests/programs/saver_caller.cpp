@@ -4,9 +4,8 @@
 //   list FOLDER             "name N" for each program found, N from 1, between bars
 //   preview FOLDER NAME
 //   configure FOLDER NAME   over a window of its own, titled "saver_caller". Says, with the
-//   system's
-//                           milliseconds: "owner off", "placeholder TITLE at X,Y,W,H", "owner on"
-//                           and "returned"; prints what the log says, too
+//                           system's milliseconds: "owner off", "placeholder TITLE at X,Y,W,H",
+//                           "owner on" and "returned"; prints what the log says, too
 #include <windows.h>
 // After windows.h, which it needs:
 #include <shellapi.h>

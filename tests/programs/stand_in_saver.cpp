@@ -9,8 +9,7 @@
 // Ticks are the system's milliseconds. What is in its name says what it does after the first line:
 //
 //   stays     it ends when there is a file NAME.end, which it deletes, so that of several copies
-//   one
-//             ends
+//             one ends
 //   settings  it looks for its owner, shows a window, and ends when that is closed, or as above
 //
 // Without either it ends at once.
