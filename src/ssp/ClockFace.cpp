@@ -68,7 +68,7 @@ int msToNextSecond(const LocalTime& time) {
 
 ClockBlock layOutClock(const ClockSettings& settings, const std::string& date, Size area,
                        const MeasureText& measure) {
-  const double side = std::sqrt(double{1} * area.width * area.height);
+  const double side = std::sqrt(static_cast<double>(area.width) * area.height);
   // The largest font that fits; fonts grow evenly, so that halving finds it.
   std::int32_t least = 1;
   std::int32_t most = std::max(1, static_cast<std::int32_t>(side * fontPartOf(settings.size)));

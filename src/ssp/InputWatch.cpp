@@ -4,18 +4,31 @@
 
 namespace tessivo::ssp {
 
-InputWatch::InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput)
-    : input_(input), onInput_(std::move(onInput)), timer_(timers, "timInput", kGraceMs) {
+InputWatch::InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput,
+                       std::optional<std::uint32_t> since)
+    : input_(input),
+      onInput_(std::move(onInput)),
+      timer_(timers, "timInput", kGraceMs),
+      tickAtStart_(since) {
   timer_.onTimer.listen([this] { poll(); });
   timer_.setEnabled(true);
 }
 
 void InputWatch::poll() {
-  if (timer_.interval() != kPollMs) timer_.setInterval(kPollMs);
+  if (!isGraceOver_) timer_.setInterval(kPollMs);
+  isGraceOver_ = true;
   const auto tick = input_.lastInputTick();
   if (!tick) return;
   if (!tickAtStart_) tickAtStart_ = tick;
-  if (*tick == *tickAtStart_) return;
+  if (*tick != *tickAtStart_) tell();
+}
+
+void InputWatch::noteOwnInput() {
+  if (isGraceOver_ && !isTold_) tell();
+}
+
+void InputWatch::tell() {
+  isTold_ = true;
   timer_.setEnabled(false);
   onInput_();
 }

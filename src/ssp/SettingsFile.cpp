@@ -17,23 +17,12 @@ bool writeWhole(const std::string& path, const std::string& text) {
   return !file.fail();
 }
 
-/// Beside the file first, so that a crash leaves the old one.
-bool replaceFile(const std::string& path, const std::string& text) {
-  if (path.empty()) return false;
-  const std::string fresh = path + ".new";
-  std::error_code error;
-  if (writeWhole(fresh, text)) {
-    std::filesystem::rename(toFilePath(fresh), toFilePath(path), error);
-    if (!error) return true;
-  }
-  std::filesystem::remove(toFilePath(fresh), error);
-  return false;
-}
-
 }  // namespace
 
-SettingsFile::SettingsFile(std::string besideProgram, std::string ofUser)
-    : besideProgram_(std::move(besideProgram)), ofUser_(std::move(ofUser)) {}
+SettingsFile::SettingsFile(std::string besideProgram, std::string ofUser, Flush flush)
+    : besideProgram_(std::move(besideProgram)),
+      ofUser_(std::move(ofUser)),
+      flush_(std::move(flush)) {}
 
 std::string SettingsFile::read() const {
   if (!ofUser_.empty()) {
@@ -43,11 +32,33 @@ std::string SettingsFile::read() const {
 }
 
 bool SettingsFile::save(const std::string& text) const {
-  if (!replaceFile(besideProgram_, text)) return replaceFile(ofUser_, text);
-  std::error_code none;
+  if (!replaceFile(besideProgram_, text)) return saveForUser(text);
+  if (ofUser_.empty()) return true;
   // It would count first.
-  if (!ofUser_.empty()) std::filesystem::remove(toFilePath(ofUser_), none);
-  return true;
+  std::error_code error;
+  std::filesystem::remove(toFilePath(ofUser_), error);
+  return !error || saveForUser(text) || !readIniText(ofUser_);
+}
+
+/// Beside the file first, so that a crash leaves the old one.
+bool SettingsFile::replaceFile(const std::string& path, const std::string& text) const {
+  if (path.empty()) return false;
+  const std::string fresh = path + ".new";
+  std::error_code error;
+  if (writeWhole(fresh, text)) {
+    if (flush_) flush_(fresh);
+    std::filesystem::rename(toFilePath(fresh), toFilePath(path), error);
+    if (!error) return true;
+  }
+  std::filesystem::remove(toFilePath(fresh), error);
+  return false;
+}
+
+/// Into the old file where nobody may replace it: another program has it open.
+bool SettingsFile::saveForUser(const std::string& text) const {
+  if (replaceFile(ofUser_, text)) return true;
+  std::error_code error;
+  return std::filesystem::is_regular_file(toFilePath(ofUser_), error) && writeWhole(ofUser_, text);
 }
 
 }  // namespace tessivo::ssp

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace tessivo::ssp {
@@ -8,17 +9,26 @@ namespace tessivo::ssp {
 /// where the program's may not be written. What lies in the user's folder counts first.
 class SettingsFile {
  public:
-  /// Two paths; the second may be empty: there is none.
-  SettingsFile(std::string besideProgram, std::string ofUser);
+  /// Brings what was written to the file of that path to the disk itself.
+  using Flush = std::function<void(const std::string& path)>;
+
+  /// Two paths; the second may be empty: there is none. Without `flush` the system writes when it
+  /// likes.
+  SettingsFile(std::string besideProgram, std::string ofUser, Flush flush = nullptr);
 
   /// Empty when there is none. At most a byte more than an ini file may have.
   std::string read() const;
-  /// Either the whole text is saved or nothing is changed. False when neither file can be written.
+  /// Whether the text is what `read` finds from now on. Where a file cannot be written it stays as
+  /// it was.
   bool save(const std::string& text) const;
 
  private:
+  bool replaceFile(const std::string& path, const std::string& text) const;
+  bool saveForUser(const std::string& text) const;
+
   std::string besideProgram_;
   std::string ofUser_;
+  Flush flush_;
 };
 
 }  // namespace tessivo::ssp

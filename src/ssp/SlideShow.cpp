@@ -10,56 +10,91 @@ constexpr int kMsPerSecond = 1000;
 
 }  // namespace
 
-SlideShow::SlideShow(const Files& files, TimerService& timers, SlideStage& stage,
-                     const PictureSettings& settings, std::uint32_t seed)
-    : files_(files),
-      stage_(stage),
+SlideShow::SlideShow(TimerService& timers, SlideStage& stage, const PictureSettings& settings,
+                     std::uint32_t seed)
+    : stage_(stage),
       settings_(settings),
       order_(seed),
       stay_(timers, "timStay", settings.staySeconds * kMsPerSecond),
-      retry_(timers, "timRetry", kRetryMs) {
+      retry_(timers, "timRetry", kRetryMs),
+      pause_(timers, "timPause", kPauseMs) {
   stay_.onTimer.listen([this] {
     stay_.setEnabled(false);
     isDue_ = true;
     goOn();
   });
-  retry_.onTimer.listen([this] { beginAgain(); });
+  retry_.onTimer.listen([this] {
+    retry_.setEnabled(false);
+    askForList();
+  });
+  pause_.onTimer.listen([this] {
+    pause_.setEnabled(false);
+    load();
+  });
 }
 
 void SlideShow::start() {
-  beginAgain();
+  askForList();
 }
 
-void SlideShow::beginAgain() {
-  retry_.setEnabled(false);
-  beginRound();
-  findNext();
+void SlideShow::askForList() {
+  next_ = Next::pending;
+  awaited_ = Awaited::list;
+  stage_.list(settings_.folder);
 }
 
-void SlideShow::beginRound() {
-  std::vector<std::string> names;
-  for (auto& name : files_.filesIn(settings_.folder).value_or(std::vector<std::string>{})) {
-    if (isPictureName(name)) names.push_back(std::move(name));
+void SlideShow::listed(std::optional<std::vector<std::string>> names) {
+  if (awaited_ != Awaited::list) return;
+  awaited_ = Awaited::nothing;
+  auto pictures = std::move(names).value_or(std::vector<std::string>{});
+  std::erase_if(pictures, [](const std::string& name) { return !isPictureName(name); });
+  auto untried = pictures;
+  std::erase_if(untried, [this](const std::string& name) { return failed_.contains(name); });
+  if (untried.empty() && !pictures.empty()) {
+    // All have failed, perhaps for a time only. Once more, but slowly.
+    failed_.clear();
+    failures_ = kTriesWithoutPause;
+    untried = std::move(pictures);
   }
-  order_.begin(std::move(names), settings_.order);
+  order_.begin(std::move(untried), settings_.order);
   roundHad_ = false;
+  findNext();
 }
 
 void SlideShow::findNext() {
   next_ = Next::pending;
-  auto name = order_.next();
-  if (!name && roundHad_) {
-    beginRound();
-    name = order_.next();
-  }
-  if (!name) return settle(Next::none);
+  const auto name = order_.next();
+  if (!name) return roundHad_ ? askForList() : settle(Next::none);
   if (*name == shown_) return settle(Next::same);
-  fetched_ = *name;
-  stage_.load(settings_.folder + "\\" + *name);
+  fetch(*name);
+}
+
+void SlideShow::fetch(const std::string& name) {
+  fetched_ = name;
+  if (failures_ < kTriesWithoutPause) return load();
+  if (shown_.empty()) stage_.showNotice();
+  pause_.setEnabled(true);
+}
+
+void SlideShow::load() {
+  awaited_ = Awaited::picture;
+  stage_.load(settings_.folder + "\\" + fetched_);
 }
 
 void SlideShow::loaded(bool succeeded) {
-  succeeded ? settle(Next::fetched) : findNext();
+  if (awaited_ != Awaited::picture) return;
+  awaited_ = Awaited::nothing;
+  if (!succeeded) {
+    noteFailure();
+    return findNext();
+  }
+  failures_ = 0;
+  settle(Next::fetched);
+}
+
+void SlideShow::noteFailure() {
+  if (failures_ < kTriesWithoutPause) ++failures_;
+  if (failed_.size() < kMostFailedNames) failed_.insert(fetched_);
 }
 
 void SlideShow::settle(Next next) {

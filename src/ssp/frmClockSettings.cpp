@@ -3,7 +3,7 @@
 namespace tessivo::ssp {
 
 frmClockSettings::frmClockSettings(const ClockSettings& settings, TwipsPerPixel twipsPerPixel)
-    : SettingsForm("frmClockSettings", "时钟 设置", twipsPerPixel),
+    : SettingsForm("frmClockSettings", "时钟设置", twipsPerPixel),
       labSize(this, "labSize", "大小:"),
       comboSize(this, "comboSize"),
       labColour(this, "labColour", "颜色:"),

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/FileDialogs.h"
+#include "platform/Files.h"
 #include "ssp/PictureSettings.h"
 #include "ssp/SettingsForm.h"
 
@@ -11,9 +12,10 @@ namespace tessivo::ssp {
 /// The settings of the picture show.
 class frmPictureSettings : public SettingsForm {
  public:
-  /// `usualFolder` is shown, and means, what an empty folder in the settings means.
-  frmPictureSettings(const PictureSettings& settings, std::string usualFolder, FileDialogs& dialogs,
-                     TwipsPerPixel twipsPerPixel);
+  /// `usualFolder` is shown, and means, what an empty folder in the settings means. `files` and
+  /// `dialogs` must outlive the form.
+  frmPictureSettings(const PictureSettings& settings, std::string usualFolder, const Files& files,
+                     FileDialogs& dialogs, TwipsPerPixel twipsPerPixel);
 
   PictureSettings settings() const;
   std::string settingsText() const override { return pictureSettingsText(settings()); }
@@ -29,9 +31,11 @@ class frmPictureSettings : public SettingsForm {
   ui::Button cmdCancel;
 
  private:
+  std::string problem() const override;
   void browse();
 
   std::string usualFolder_;
+  const Files& files_;
   FileDialogs& dialogs_;
 };
 

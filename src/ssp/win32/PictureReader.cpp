@@ -5,6 +5,7 @@
 #include <wincodec.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -41,25 +42,53 @@ Orientation orientationOf(IWICBitmapFrameDecode& frame) {
   return 1;
 }
 
-/// The frame in that size. Clear parts show black: their colours are multiplied with how much is
-/// seen of them.
-bool readScaled(IWICImagingFactory& factory, IWICBitmapSource& frame, Pixels& into) {
+/// Whether the pixels are no colours but numbers of colours, between which there is nothing.
+bool isIndexed(IWICBitmapSource& source) {
+  WICPixelFormatGUID format{};
+  if (FAILED(source.GetPixelFormat(&format))) return false;
+  const std::array kIndexed{&GUID_WICPixelFormat1bppIndexed, &GUID_WICPixelFormat2bppIndexed,
+                            &GUID_WICPixelFormat4bppIndexed, &GUID_WICPixelFormat8bppIndexed,
+                            &GUID_WICPixelFormatBlackWhite};
+  return std::any_of(kIndexed.begin(), kIndexed.end(),
+                     [&](const GUID* indexed) { return IsEqualGUID(*indexed, format) != 0; });
+}
+
+/// Clear parts show black: their colours are multiplied with how much is seen of them. Null when
+/// the system cannot.
+ComPtr<IWICBitmapSource> converted(IWICImagingFactory& factory, IWICBitmapSource& source) {
   ComPtr<IWICFormatConverter> converter;
+  if (FAILED(factory.CreateFormatConverter(converter.put())) ||
+      FAILED(converter->Initialize(&source, GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone,
+                                   nullptr, 0, WICBitmapPaletteTypeCustom))) {
+    return nullptr;
+  }
+  return ComPtr<IWICBitmapSource>(converter.get());
+}
+
+ComPtr<IWICBitmapSource> scaled(IWICImagingFactory& factory, IWICBitmapSource& source, Size size) {
   ComPtr<IWICBitmapScaler> scaler;
+  if (FAILED(factory.CreateBitmapScaler(scaler.put())) ||
+      FAILED(scaler->Initialize(&source, static_cast<UINT>(size.width),
+                                static_cast<UINT>(size.height), WICBitmapInterpolationModeFant))) {
+    return nullptr;
+  }
+  return ComPtr<IWICBitmapSource>(scaler.get());
+}
+
+/// The frame in that size. Fewer pixels are converted where it can be scaled first.
+bool readScaled(IWICImagingFactory& factory, IWICBitmapSource& frame, Pixels& into) {
+  const bool indexed = isIndexed(frame);
+  ComPtr<IWICBitmapSource> source =
+      indexed ? converted(factory, frame) : scaled(factory, frame, into.size);
+  if (!source) return false;
+  source = indexed ? scaled(factory, *source.get(), into.size) : converted(factory, *source.get());
+  if (!source) return false;
   const auto width = static_cast<UINT>(into.size.width);
   const auto height = static_cast<UINT>(into.size.height);
-  if (FAILED(factory.CreateBitmapScaler(scaler.put())) ||
-      FAILED(scaler->Initialize(&frame, width, height, WICBitmapInterpolationModeFant)) ||
-      FAILED(factory.CreateFormatConverter(converter.put())) ||
-      FAILED(converter->Initialize(scaler.get(), GUID_WICPixelFormat32bppPBGRA,
-                                   WICBitmapDitherTypeNone, nullptr, 0,
-                                   WICBitmapPaletteTypeCustom))) {
-    return false;
-  }
   into.values.resize(std::size_t{width} * height);
-  return SUCCEEDED(converter->CopyPixels(nullptr, width * kBytesPerPixel,
-                                         width * height * kBytesPerPixel,
-                                         reinterpret_cast<BYTE*>(into.values.data())));
+  return SUCCEEDED(source->CopyPixels(nullptr, width * kBytesPerPixel,
+                                      width * height * kBytesPerPixel,
+                                      reinterpret_cast<BYTE*>(into.values.data())));
 }
 
 Pixels readFitted(const std::string& path, Size area) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <variant>
 
 #include "ssp/win32/DibPicture.h"
 #include "ssp/win32/SaverFont.h"
@@ -45,21 +46,28 @@ PictureSaver::PictureSaver(SaverWindow& window, const PictureSettings& settings,
       worker_(window.size(), window.window(), SaverWindow::kPosted),
       fading_(timers, "timFade", kFrameMs),
       wandering_(timers, "timWander", kWanderMs),
-      slides_(files_, timers, *this, settings, static_cast<std::uint32_t>(clock.ticksMs())) {
+      slides_(timers, *this, settings, static_cast<std::uint32_t>(clock.ticksMs())) {
   window_.setPosted([this] { takeAnswer(); });
   fading_.onTimer.listen([this] { fade(); });
   wandering_.onTimer.listen([this] { wander(); });
   slides_.start();
 }
 
+void PictureSaver::list(const std::string& folder) {
+  worker_.requestList(folder);
+}
+
 void PictureSaver::load(const std::string& path) {
-  worker_.request(path);
+  worker_.requestPicture(path);
 }
 
 void PictureSaver::takeAnswer() {
   auto answer = worker_.takeAnswer();
   if (!answer) return;
-  fetched_ = std::move(*answer);
+  if (auto* const names = std::get_if<FileNames>(&*answer)) {
+    return slides_.listed(std::move(*names));
+  }
+  fetched_ = std::get<UniqueGdi<HBITMAP>>(std::move(*answer));
   slides_.loaded(fetched_ != nullptr);
 }
 
@@ -69,7 +77,11 @@ void PictureSaver::show() {
   wandering_.setEnabled(false);
   picture_ = std::move(fetched_);
   before_ = makeDib(window_.size(), nullptr);
-  if (!before_) return copy(picture_.get());
+  if (!before_) {
+    fading_.setEnabled(false);
+    copy(picture_.get());
+    return picture_.reset();
+  }
   const Source before(before_.get());
   BitBlt(before.dc(), 0, 0, window_.size().width, window_.size().height, window_.canvas(), 0, 0,
          SRCCOPY);

@@ -5,7 +5,6 @@
 
 #include "platform/Clock.h"
 #include "platform/win32/Gdi.h"
-#include "platform/win32/Win32Files.h"
 #include "ssp/SlideShow.h"
 #include "ssp/WanderPath.h"
 #include "ssp/win32/PictureWorker.h"
@@ -18,11 +17,13 @@ namespace tessivo::ssp {
 /// between. Without pictures a notice wanders over the window.
 class PictureSaver final : public Saver, private SlideStage {
  public:
-  /// All that is handed in must outlive it.
+  /// Waits for nothing: folder and pictures are read behind its back. All that is handed in must
+  /// outlive it.
   PictureSaver(SaverWindow& window, const PictureSettings& settings, const Clock& clock,
                TimerService& timers);
 
  private:
+  void list(const std::string& folder) override;
   void load(const std::string& path) override;
   void show() override;
   void showNotice() override;
@@ -36,7 +37,6 @@ class PictureSaver final : public Saver, private SlideStage {
 
   SaverWindow& window_;
   const Clock& clock_;
-  Win32Files files_;
   PictureWorker worker_;
   UniqueGdi<HBITMAP> fetched_;  ///< read, not shown yet
   UniqueGdi<HBITMAP> before_;   ///< what was seen when the fade began

@@ -4,9 +4,11 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
 
+#include "platform/win32/Win32Files.h"
 #include "ssp/win32/PictureReader.h"
 
 namespace tessivo::ssp {
@@ -18,8 +20,8 @@ struct PictureWorker::Shared {
   UINT message;
   std::mutex mutex;
   std::condition_variable changed;
-  std::optional<std::string> request;
-  std::optional<UniqueGdi<HBITMAP>> answer;
+  std::optional<Request> request;
+  std::optional<WorkerAnswer> answer;
   bool ends = false;
 
   Shared(Size theArea, HWND theWindow, UINT theMessage)
@@ -37,15 +39,33 @@ PictureWorker::~PictureWorker() {
   shared_->changed.notify_one();
 }
 
-void PictureWorker::request(const std::string& path) {
+void PictureWorker::requestPicture(const std::string& path) {
+  request({false, path});
+}
+
+void PictureWorker::requestList(const std::string& folder) {
+  request({true, folder});
+}
+
+void PictureWorker::request(Request request) {
   const std::lock_guard lock(shared_->mutex);
-  shared_->request = path;
+  shared_->request = std::move(request);
   shared_->changed.notify_one();
 }
 
-std::optional<UniqueGdi<HBITMAP>> PictureWorker::takeAnswer() {
+std::optional<WorkerAnswer> PictureWorker::takeAnswer() {
   const std::lock_guard lock(shared_->mutex);
   return std::exchange(shared_->answer, std::nullopt);
+}
+
+WorkerAnswer PictureWorker::answerTo(const Request& request, Size area) {
+  try {
+    if (request.isList) return Win32Files().filesIn(request.path);
+    return readPicture(request.path, area);
+  } catch (const std::bad_alloc&) {
+    // As a folder that cannot be opened, or a picture that is too large.
+    return request.isList ? WorkerAnswer(FileNames()) : WorkerAnswer(UniqueGdi<HBITMAP>());
+  }
 }
 
 void PictureWorker::work(const std::shared_ptr<Shared>& shared) {
@@ -54,16 +74,11 @@ void PictureWorker::work(const std::shared_ptr<Shared>& shared) {
   for (;;) {
     shared->changed.wait(lock, [&] { return shared->ends || shared->request; });
     if (shared->ends) break;
-    const std::string path = *std::exchange(shared->request, std::nullopt);
+    const Request request = *std::exchange(shared->request, std::nullopt);
     lock.unlock();
-    UniqueGdi<HBITMAP> picture;
-    try {
-      picture = readPicture(path, shared->area);
-    } catch (const std::bad_alloc&) {
-      picture = nullptr;  // as one that is too large
-    }
+    WorkerAnswer answer = answerTo(request, shared->area);
     lock.lock();
-    shared->answer = std::move(picture);
+    shared->answer = std::move(answer);
     PostMessageW(shared->window, shared->message, 0, 0);
   }
   lock.unlock();

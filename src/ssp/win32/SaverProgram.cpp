@@ -4,7 +4,9 @@
 // After windows.h, which it needs:
 #include <ole2.h>
 
+#include <cstdint>
 #include <cstdlib>
+#include <optional>
 
 #include "platform/win32/ProcessSetUp.h"
 #include "platform/win32/ProgramFolder.h"
@@ -13,6 +15,7 @@
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Pointer.h"
 #include "platform/win32/Win32TimerService.h"
+#include "platform/win32/WindowsText.h"
 #include "ssp/InputWatch.h"
 #include "ssp/SaverArguments.h"
 #include "ssp/SettingsFile.h"
@@ -26,10 +29,18 @@ constexpr int kDone = 0;
 constexpr int kNoWindow = 1;
 constexpr int kNotUnderstood = 2;
 
+void flushToDisk(const std::string& path) {
+  const HANDLE file = CreateFileW(toWide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return;
+  FlushFileBuffers(file);
+  CloseHandle(file);
+}
+
 SettingsFile settingsOf(const SaverProgram& program) {
   const std::string file = "\\" + program.name() + ".ini";
   const std::string ofUser = localDataFolder();
-  return {programFolder() + file, ofUser.empty() ? "" : ofUser + file};
+  return {programFolder() + file, ofUser.empty() ? "" : ofUser + file, flushToDisk};
 }
 
 Rect monitorUnderPointer() {
@@ -38,17 +49,21 @@ Rect monitorUnderPointer() {
   return monitor ? monitor->monitor : displays.primaryScreen();
 }
 
-int cover(const SaverProgram& program, const Rect& area) {
+/// The tick of the last input; nothing when the system does not tell.
+using InputTick = std::optional<std::uint32_t>;
+
+/// `since`: input counts when it is later than that; nothing: see InputWatch.
+int cover(const SaverProgram& program, const Rect& area, InputTick since) {
   DebugLog log;
   Win32MessageLoop loop;
   Win32TimerService timers(log);
   const Win32IdleInput input;
-  SaverWindow window(
-      area, program.name(), [&loop] { loop.quit(); }, log);
+  const auto end = [&loop] { loop.quit(); };
+  InputWatch watch(input, timers, end, since);
+  SaverWindow window(area, program.name(), {[&watch] { watch.noteOwnInput(); }, end}, log);
   if (!window.isOpen()) return kNoWindow;
-  const auto saver = program.start(window, settingsOf(program).read(), timers, log);
   window.show();
-  const InputWatch watch(input, timers, [&loop] { loop.quit(); });
+  const auto saver = program.start(window, settingsOf(program).read(), timers);
   loop.run();
   return kDone;
 }
@@ -58,12 +73,12 @@ void configure(const SaverProgram& program, const SaverArguments& arguments) {
   configureSaver(program, arguments, settingsOf(program), log);
 }
 
-int runAsTold(const SaverProgram& program, const SaverArguments& arguments) {
+int runAsTold(const SaverProgram& program, const SaverArguments& arguments, InputTick tickAtStart) {
   switch (arguments.task) {
     case SaverTask::run:
-      return cover(program, arguments.area);
+      return cover(program, arguments.area, tickAtStart);
     case SaverTask::preview:
-      return cover(program, monitorUnderPointer());
+      return cover(program, monitorUnderPointer(), std::nullopt);
     case SaverTask::configure:
     case SaverTask::settings:
       configure(program, arguments);
@@ -77,9 +92,11 @@ int runAsTold(const SaverProgram& program, const SaverArguments& arguments) {
 }  // namespace
 
 void runSaverProgram(const SaverProgram& program) {
+  // Whoever comes back while the program starts does not want it any more.
+  const InputTick tickAtStart = Win32IdleInput().lastInputTick();
   setUpProcess();
   OleInitialize(nullptr);
-  const int result = runAsTold(program, parseSaverArguments(commandLineArguments()));
+  const int result = runAsTold(program, parseSaverArguments(commandLineArguments()), tickAtStart);
   // Nothing waits for a codec that hangs on a thread of its own.
   TerminateProcess(GetCurrentProcess(), static_cast<UINT>(result));
   std::abort();  // not reached

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/FileDialogs.h"
-#include "platform/Log.h"
 #include "platform/TimerService.h"
 #include "ssp/SettingsForm.h"
 #include "ssp/win32/SaverWindow.h"
@@ -23,10 +22,10 @@ class SaverProgram {
   virtual ~SaverProgram() = default;
   /// The title of its windows, and the name of its settings' file without ".ini".
   virtual std::string name() const = 0;
-  /// Draws the first picture; the window is shown afterwards. `settings` is the text of the
-  /// settings' file. What is handed in outlives the saver.
+  /// Begins to draw on the window, which is seen already, without waiting for anything. `settings`
+  /// is the text of the settings' file. What is handed in outlives the saver.
   virtual std::unique_ptr<Saver> start(SaverWindow& window, const std::string& settings,
-                                       TimerService& timers, Log& log) const = 0;
+                                       TimerService& timers) const = 0;
   /// The dialog for these settings, not open yet; `dialogs` outlives it.
   virtual std::unique_ptr<SettingsForm> makeForm(const std::string& settings, FileDialogs& dialogs,
                                                  TwipsPerPixel twips) const = 0;

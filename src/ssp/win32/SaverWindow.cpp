@@ -33,10 +33,9 @@ bool isInput(UINT message) {
 
 }  // namespace
 
-SaverWindow::SaverWindow(const Rect& area, const std::string& title, std::function<void()> onEnd,
-                         Log& log)
-    : onEnd_(std::move(onEnd)), log_(log), size_{area.width, area.height} {
-  create(area, title);
+SaverWindow::SaverWindow(const Rect& area, const std::string& title, Events events, Log& log)
+    : events_(std::move(events)), log_(log), area_(area) {
+  create(title);
   makePicture();
 }
 
@@ -49,7 +48,7 @@ SaverWindow::~SaverWindow() {
   if (canvas_) DeleteDC(canvas_);
 }
 
-void SaverWindow::create(const Rect& area, const std::string& title) {
+void SaverWindow::create(const std::string& title) {
   WNDCLASSEXW windowClass{};
   windowClass.cbSize = sizeof windowClass;
   windowClass.lpfnWndProc = windowProc;
@@ -57,8 +56,8 @@ void SaverWindow::create(const Rect& area, const std::string& title) {
   windowClass.lpszClassName = kWindowClass;
   RegisterClassExW(&windowClass);  // fails harmlessly after the first time
   window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kWindowClass,
-                            toWide(title).c_str(), WS_POPUP, area.left, area.top, area.width,
-                            area.height, nullptr, nullptr, windowClass.hInstance, nullptr);
+                            toWide(title).c_str(), WS_POPUP, area_.left, area_.top, area_.width,
+                            area_.height, nullptr, nullptr, windowClass.hInstance, nullptr);
   if (!window_) {
     log_.error("no window for the screen saver, error " + std::to_string(GetLastError()));
     return;
@@ -68,10 +67,10 @@ void SaverWindow::create(const Rect& area, const std::string& title) {
 
 void SaverWindow::makePicture() {
   canvas_ = CreateCompatibleDC(nullptr);
-  picture_ = makeDib(size_, nullptr);
+  picture_ = makeDib(size(), nullptr);
   if (!canvas_ || !picture_) {
-    log_.error("no picture of " + std::to_string(size_.width) + " x " +
-               std::to_string(size_.height) + " pixels");
+    log_.error("no picture of " + std::to_string(area_.width) + " x " +
+               std::to_string(area_.height) + " pixels");
     return;
   }
   picturesPlace_ = SelectObject(canvas_, picture_.get());
@@ -92,6 +91,11 @@ void SaverWindow::show() {
   UpdateWindow(window_);
 }
 
+void SaverWindow::putBack() {
+  SetWindowPos(window_, HWND_TOPMOST, area_.left, area_.top, area_.width, area_.height,
+               SWP_NOACTIVATE);
+}
+
 LRESULT CALLBACK SaverWindow::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   auto* const saver = reinterpret_cast<SaverWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (!saver) return DefWindowProcW(window, message, wParam, lParam);
@@ -102,7 +106,7 @@ LRESULT CALLBACK SaverWindow::windowProc(HWND window, UINT message, WPARAM wPara
 
 LRESULT SaverWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   if (isInput(message)) {
-    onEnd_();
+    events_.onInput();
     return 0;
   }
   switch (message) {
@@ -118,14 +122,17 @@ LRESULT SaverWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return MA_NOACTIVATE;
     case WM_DPICHANGED:
       return 0;  // the area is told in pixels
+    case WM_DISPLAYCHANGE:
+      putBack();
+      return 0;
     case WM_CLOSE:
-      onEnd_();
+      events_.onEnd();
       return 0;
     case WM_QUERYENDSESSION:
-      onEnd_();
+      events_.onEnd();
       return TRUE;
     case WM_ENDSESSION:
-      onEnd_();
+      events_.onEnd();
       return 0;
     case kPosted:
       if (onPosted_) onPosted_();

@@ -13,20 +13,25 @@
 namespace tessivo::ssp {
 
 /// The window of a screen saver: black, without a frame, above everything, not in the task bar,
-/// never active, no pointer over it. It shows a picture of its own size that the program draws into
-/// and has one opinion: a key, a button, a close or the end of the session end the program.
+/// never active, no pointer over it. It shows a picture of its own size that the program draws
+/// into. It keeps its place when monitors come and go: none of it may stay on the operator's.
 class SaverWindow final {
  public:
-  /// Covers the area (pixels of the virtual screen), hidden at first. `onEnd` is called from the
-  /// message loop, perhaps more than once.
-  SaverWindow(const Rect& area, const std::string& title, std::function<void()> onEnd, Log& log);
+  /// What the window tells from the message loop, perhaps more than once.
+  struct Events {
+    std::function<void()> onInput;  ///< a key, a button or the wheel
+    std::function<void()> onEnd;    ///< a close, or the end of the session
+  };
+
+  /// Covers the area (pixels of the virtual screen), hidden at first.
+  SaverWindow(const Rect& area, const std::string& title, Events events, Log& log);
   ~SaverWindow();
   SaverWindow(const SaverWindow&) = delete;
   SaverWindow& operator=(const SaverWindow&) = delete;
 
   /// False when the system had no window or no picture that large; the log has the reason.
   bool isOpen() const { return window_ != nullptr && picture_ != nullptr; }
-  Size size() const { return size_; }
+  Size size() const { return {area_.width, area_.height}; }
   HWND window() const { return window_; }
 
   /// The picture; black at first.
@@ -44,14 +49,15 @@ class SaverWindow final {
  private:
   static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
-  void create(const Rect& area, const std::string& title);
+  void create(const std::string& title);
   void makePicture();
+  void putBack();
   void paint();
 
-  std::function<void()> onEnd_;
+  Events events_;
   std::function<void()> onPosted_;
   Log& log_;
-  Size size_;
+  Rect area_;
   HWND window_ = nullptr;
   HDC canvas_ = nullptr;
   UniqueGdi<HBITMAP> picture_;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "platform/win32/Win32Displays.h"
 #include "platform/win32/Win32FileDialogs.h"
 #include "platform/win32/Win32MessageLoop.h"
@@ -56,10 +58,6 @@ void place(ui::Form& form, const SaverArguments& arguments) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void sayNotSaved() {
-  MessageBoxW(nullptr, L"无法保存设置。", L"提示", MB_OK | MB_ICONWARNING | MB_SETFOREGROUND);
-}
-
 }  // namespace
 
 void configureSaver(const SaverProgram& program, const SaverArguments& arguments,
@@ -71,6 +69,7 @@ void configureSaver(const SaverProgram& program, const SaverArguments& arguments
   Win32FileDialogs dialogs(log);
   ui::Win32Toolkit toolkit(twips, log);
   const auto form = program.makeForm(file.read(), dialogs, twips);
+  form->setSave([&file](const std::string& text) { return file.save(text); });
   form->onUnload.listen([&loop] { loop.quit(); });
 
   const HWND owner = findOwner(arguments);
@@ -94,7 +93,6 @@ void configureSaver(const SaverProgram& program, const SaverArguments& arguments
     SetWindowLongPtrW(windowOf(*form), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
   }
   loop.run();
-  if (form->accepted() && !file.save(form->settingsText())) sayNotSaved();
 }
 
 }  // namespace tessivo::ssp

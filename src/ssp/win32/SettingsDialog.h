@@ -9,8 +9,8 @@
 
 namespace tessivo::ssp {
 
-/// Shows the program's settings where the arguments say, saves what the user accepts, and returns
-/// when the dialog has gone. It goes without being accepted when the window that waits for it goes.
+/// Shows the program's settings where the arguments say, lets them be saved, and returns when the
+/// dialog has gone. It goes without being accepted when the window that waits for it goes.
 void configureSaver(const SaverProgram& program, const SaverArguments& arguments,
                     const SettingsFile& file, Log& log);
 

@@ -68,6 +68,13 @@ TEST(ClockBlockTest, SizesDiffer) {
   EXPECT_LT(fontOf(ClockSize::medium) * 5, fontOf(ClockSize::large) * 4);
 }
 
+TEST(ClockBlockTest, FontIsThatOfASquareAsLargeAsTheArea) {
+  // Upright, crosswise and square: all have the side 800.
+  for (const Size area : {Size{400, 1600}, Size{1600, 400}, Size{800, 800}}) {
+    EXPECT_EQ(layOutClock({ClockSize::small}, kDate, area, measure).timeFont, 72) << area.width;
+  }
+}
+
 TEST(ClockBlockTest, WithoutSecondsTheBlockIsNarrower) {
   ClockSettings settings;
   const Size with = layOutClock(settings, "", {1280, 1024}, measure).size;

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "base/IniText.h"
 #include "fakes/TempFolder.h"
@@ -69,6 +72,23 @@ TEST_F(SettingsFileTest, WhereNothingCanBeWrittenSavingFails) {
   const SettingsFile noUser(programs.file("gone/a.ini"), "");
   EXPECT_FALSE(noUser.save("d"));
   EXPECT_EQ(noUser.read(), "");
+}
+
+TEST_F(SettingsFileTest, TextIsFlushedWholeBeforeItTakesTheOldOnesPlace) {
+  write(beside, "old");
+  std::vector<std::string> seen;
+  const SettingsFile flushing(beside, own, [&](const std::string& path) {
+    seen = {path, textOf(path), textOf(beside)};
+  });
+  EXPECT_TRUE(flushing.save("new"));
+  EXPECT_EQ(seen, (std::vector<std::string>{beside + ".new", "new", "old"}));
+  EXPECT_EQ(textOf(beside), "new");
+}
+
+TEST_F(SettingsFileTest, AFolderInTheUsersPlaceDoesNotCount) {
+  std::filesystem::create_directories(toFilePath(own) / "inside");
+  EXPECT_TRUE(file.save("f"));
+  EXPECT_EQ(file.read(), "f");
 }
 
 TEST_F(SettingsFileTest, AFolderInTheWayIsNotReplaced) {

@@ -135,6 +135,18 @@ TEST_F(PictureReaderTest, OrientationIsHonoured) {
   EXPECT_EQ(pixel(turned, 2, 20), 0U);
 }
 
+TEST_F(PictureReaderTest, PictureOfNumberedColoursIsReadInItsColours) {
+  // Bits 0 and 1 for the halves of each row of 32 pixels.
+  std::string file = twoColourHeader(32, 16);
+  for (int row = 0; row < 16; ++row) file += std::string("\x00\x00\xFF\xFF", 4);
+  for (const Size area : {Size{64, 32}, Size{16, 8}}) {
+    const auto picture = read("a.bmp", file, area);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(pixel(picture, area.width / 4, area.height / 2), kRed);
+    EXPECT_EQ(pixel(picture, area.width * 3 / 4, area.height / 2), kBlue);
+  }
+}
+
 TEST_F(PictureReaderTest, WhatIsNoPictureIsNothing) {
   EXPECT_FALSE(read("a.jpg", "no picture", {80, 80}));
   EXPECT_FALSE(read("b.jpg", "", {80, 80}));

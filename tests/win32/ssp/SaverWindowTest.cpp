@@ -14,9 +14,10 @@ struct SaverWindowTest : testing::Test {
   }
 
   FakeLog log;
+  int inputs = 0;
   int ends = 0;
   const Rect area{30, 40, 200, 100};
-  SaverWindow window{area, "时钟", [this] { ++ends; }, log};
+  SaverWindow window{area, "时钟", {[this] { ++inputs; }, [this] { ++ends; }}, log};
 };
 
 TEST_F(SaverWindowTest, CoversTheAreaWithoutAFrame) {
@@ -77,13 +78,14 @@ TEST_F(SaverWindowTest, OnlyWhatChangedIsPaintedAnew) {
   EXPECT_FALSE(GetUpdateRect(window.window(), nullptr, FALSE));
 }
 
-TEST_F(SaverWindowTest, KeysAndButtonsEndIt) {
+TEST_F(SaverWindowTest, KeysButtonsAndTheWheelAreInput) {
   for (const UINT message : {WM_KEYDOWN, WM_SYSKEYDOWN, WM_LBUTTONDOWN, WM_RBUTTONDOWN,
-                             WM_MBUTTONDOWN, WM_XBUTTONDOWN, WM_MOUSEWHEEL}) {
-    ends = 0;
+                             WM_MBUTTONDOWN, WM_XBUTTONDOWN, WM_MOUSEWHEEL, WM_MOUSEHWHEEL}) {
+    inputs = 0;
     send(message);
-    EXPECT_EQ(ends, 1) << message;
+    EXPECT_EQ(inputs, 1) << message;
   }
+  EXPECT_EQ(ends, 0);
 }
 
 TEST_F(SaverWindowTest, CloseAndTheEndOfTheSessionEndIt) {
@@ -98,7 +100,7 @@ TEST_F(SaverWindowTest, CloseAndTheEndOfTheSessionEndIt) {
 
 TEST_F(SaverWindowTest, MotionInTheWindowIsLeftToTheWatch) {
   send(WM_MOUSEMOVE);
-  EXPECT_EQ(ends, 0);
+  EXPECT_EQ(inputs, 0);
 }
 
 TEST_F(SaverWindowTest, StaysWhereItIsWhenTheResolutionChanges) {
@@ -108,6 +110,21 @@ TEST_F(SaverWindowTest, StaysWhereItIsWhenTheResolutionChanges) {
   GetWindowRect(window.window(), &outer);
   EXPECT_EQ(outer.left, 30);
   EXPECT_EQ(outer.right, 230);
+}
+
+TEST_F(SaverWindowTest, GoesBackToItsPlaceWhenMonitorsChange) {
+  window.show();
+  const HWND before = GetForegroundWindow();
+  SetWindowPos(window.window(), HWND_NOTOPMOST, 300, 200, 50, 60, SWP_NOACTIVATE);
+  send(WM_DISPLAYCHANGE, 32, MAKELPARAM(1280, 1024));
+  RECT outer{};
+  GetWindowRect(window.window(), &outer);
+  EXPECT_EQ(outer.left, 30);
+  EXPECT_EQ(outer.top, 40);
+  EXPECT_EQ(outer.right, 230);
+  EXPECT_EQ(outer.bottom, 140);
+  EXPECT_TRUE(GetWindowLongPtrW(window.window(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+  EXPECT_EQ(GetForegroundWindow(), before);
 }
 
 TEST_F(SaverWindowTest, WhatIsPostedIsToldFromTheLoop) {

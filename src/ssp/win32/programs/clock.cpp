@@ -19,7 +19,7 @@ class ClockProgram final : public SaverProgram {
  public:
   std::string name() const override { return "时钟"; }
   std::unique_ptr<Saver> start(SaverWindow& window, const std::string& settings,
-                               TimerService& timers, Log&) const override {
+                               TimerService& timers) const override {
     return std::make_unique<ClockSaver>(window, parseClockSettings(settings), clock_, timers);
   }
   std::unique_ptr<SettingsForm> makeForm(const std::string& settings, FileDialogs&,

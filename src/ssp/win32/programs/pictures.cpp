@@ -6,6 +6,7 @@
 
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32Clock.h"
+#include "platform/win32/Win32Files.h"
 #include "ssp/PictureSettings.h"
 #include "ssp/frmPictureSettings.h"
 #include "ssp/win32/PictureSaver.h"
@@ -20,7 +21,7 @@ class PictureProgram final : public SaverProgram {
  public:
   std::string name() const override { return "图片欣赏"; }
   std::unique_ptr<Saver> start(SaverWindow& window, const std::string& settings,
-                               TimerService& timers, Log&) const override {
+                               TimerService& timers) const override {
     PictureSettings own = parsePictureSettings(settings);
     if (own.folder.empty()) own.folder = picturesFolder();
     return std::make_unique<PictureSaver>(window, own, clock_, timers);
@@ -28,11 +29,12 @@ class PictureProgram final : public SaverProgram {
   std::unique_ptr<SettingsForm> makeForm(const std::string& settings, FileDialogs& dialogs,
                                          TwipsPerPixel twips) const override {
     return std::make_unique<frmPictureSettings>(parsePictureSettings(settings), picturesFolder(),
-                                                dialogs, twips);
+                                                files_, dialogs, twips);
   }
 
  private:
   Win32Clock clock_;
+  Win32Files files_;
 };
 
 }  // namespace
