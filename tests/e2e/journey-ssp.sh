@@ -122,7 +122,7 @@ ended_by_a_key() {
   # A window of another program has the keyboard.
   saver "$show" 'SHOW_CONFIG_FACE##400##300##nobody'
   local show_pid=$SAVER_PID
-  player_wait 10 is_up '图片欣赏 设置'
+  player_wait 10 is_up '图片欣赏设置'
   SAVER_PID=$clock_pid
   check "a key in another program's window ends it" after_key
   xdotool key Escape
@@ -134,7 +134,7 @@ after_key() {
   if has_ended; then
     saver "$clock" 'RUN##1280##0##1280##1024##1##x'
     player_wait 10 is_up 时钟
-    xdotool windowactivate --sync "$(window_of '图片欣赏 设置')" 2>/dev/null || true
+    xdotool windowactivate --sync "$(window_of '图片欣赏设置')" 2>/dev/null || true
   fi
   goes_on_for 3 || { found="ended by itself"; return 1; }
   xdotool key Tab
@@ -172,8 +172,8 @@ settings() {
   local ini=$folder/SSP/时钟.ini wide narrow
   pointer_to 100 900
   saver "$clock" 'SHOW_CONFIG_FACE##1900##500##nobody'
-  check "the settings come up" player_wait 10 is_up '时钟 设置'
-  check "around the point" player_wait 3 is_around '时钟 设置' 1900 500
+  check "the settings come up" player_wait 10 is_up '时钟设置'
+  check "around the point" player_wait 3 is_around '时钟设置' 1900 500
   sleep 1
   desktop_screenshot "$shots/clock-settings.png"
   xdotool key Down
@@ -188,7 +188,7 @@ settings() {
   ends || true
   pointer_to 100 900
   saver "$clock" 'SHOW_CONFIG_FACE##400##400##nobody'
-  player_wait 10 is_up '时钟 设置' || true
+  player_wait 10 is_up '时钟设置' || true
   sleep 1
   xdotool key Down
   sleep 0.2
@@ -208,8 +208,8 @@ settings() {
   ends || true
   pointer_to 100 900
   saver "$clock"
-  check "without an argument the settings come up" player_wait 10 is_up '时钟 设置'
-  check "in the middle of the primary monitor" player_wait 3 is_around '时钟 设置' 640 512
+  check "without an argument the settings come up" player_wait 10 is_up '时钟设置'
+  check "in the middle of the primary monitor" player_wait 3 is_around '时钟设置' 640 512
   sleep 0.5
   xdotool key Escape
   ends || true
@@ -224,13 +224,13 @@ settings_of_an_owner() {
   local owner_pid
   saver "$show" 'SHOW_CONFIG_FACE##400##300##nobody'
   owner_pid=$SAVER_PID
-  player_wait 10 is_up '图片欣赏 设置'
-  saver "$clock" 'SHOW_CONFIG_FACE##1900##500##图片欣赏' 设置
-  check "settings come up over the window that waits for them" player_wait 10 is_up '时钟 设置'
+  player_wait 10 is_up '图片欣赏设置'
+  saver "$clock" 'SHOW_CONFIG_FACE##1900##500##图片欣赏设置'
+  check "settings come up over the window that waits for them" player_wait 10 is_up '时钟设置'
   sleep 1
   desktop_screenshot "$shots/owned.png"
-  check "they have the keyboard" has_keyboard '时钟 设置'
-  xdotool windowactivate --sync "$(window_of '图片欣赏 设置')" 2>/dev/null || true
+  check "they have the keyboard" has_keyboard '时钟设置'
+  xdotool windowactivate --sync "$(window_of '图片欣赏设置')" 2>/dev/null || true
   xdotool key Escape
   check "they close when that window goes" ends
   check "and save nothing" test ! -e "$folder/SSP/时钟.ini"

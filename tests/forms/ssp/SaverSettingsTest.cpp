@@ -57,6 +57,39 @@ TEST_F(ClockSettingsFormTest, OkAcceptsWhatTheUserChose) {
   EXPECT_EQ(form.settingsText(), clockSettingsText(form.settings()));
 }
 
+TEST_F(ClockSettingsFormTest, WhatIsAcceptedIsSavedOnce) {
+  std::vector<std::string> saved;
+  form.setSave([&saved](const std::string& text) { return saved.push_back(text), true; });
+  world->click(form.chkSeconds);
+  world->click(form.cmdOk);
+  EXPECT_EQ(saved, std::vector<std::string>{clockSettingsText({ClockSize::large, 3, true, true})});
+  EXPECT_TRUE(form.accepted());
+}
+
+TEST_F(ClockSettingsFormTest, WhatCannotBeSavedStaysAndSaysSo) {
+  bool works = false;
+  form.setSave([&works](const std::string&) { return works; });
+  EXPECT_EQ(world->text(form.labProblem), "");
+  world->choose(form.comboSize, 0);
+  world->click(form.cmdOk);
+  EXPECT_FALSE(form.accepted());
+  EXPECT_TRUE(form.visible());
+  EXPECT_EQ(world->text(form.labProblem), "无法保存设置，请检查文件夹是否可写。");
+  EXPECT_EQ(form.labProblem.foreColour(), 0xC00000U);
+  EXPECT_EQ(world->chosenEntry(form.comboSize), 0);
+  works = true;
+  world->click(form.cmdOk);
+  EXPECT_TRUE(form.accepted());
+  EXPECT_FALSE(form.visible());
+}
+
+TEST_F(ClockSettingsFormTest, WhatIsCancelledIsNotSaved) {
+  int saves = 0;
+  form.setSave([&saves](const std::string&) { return ++saves > 0; });
+  world->click(form.cmdCancel);
+  EXPECT_EQ(saves, 0);
+}
+
 TEST_F(ClockSettingsFormTest, CancelAcceptsNothing) {
   world->click(form.cmdCancel);
   EXPECT_FALSE(form.accepted());
@@ -103,7 +136,8 @@ TEST_F(ClockSettingsFormTest, TabLeadsFromTopToBottom) {
 TEST_F(ClockSettingsFormTest, ControlsLieInsideTheFormOneBelowTheOther) {
   std::int32_t bottom = 0;
   for (const ui::Control* control : std::initializer_list<const ui::Control*>{
-           &form.comboSize, &form.comboColour, &form.chkSeconds, &form.chkDate, &form.cmdOk}) {
+           &form.comboSize, &form.comboColour, &form.chkSeconds, &form.chkDate, &form.labProblem,
+           &form.cmdOk}) {
     EXPECT_GE(control->bounds().top, bottom) << control->name();
     bottom = control->bounds().top + control->bounds().height;
   }
@@ -113,16 +147,26 @@ TEST_F(ClockSettingsFormTest, ControlsLieInsideTheFormOneBelowTheOther) {
   EXPECT_LT(cancel.left + cancel.width, form.scaleWidth());
 }
 
+/// There are the folders of drives C to F.
+struct Folders : Files {
+  bool fileExists(const std::string&) const override { return false; }
+  std::optional<std::vector<std::string>> filesIn(const std::string& folder) const override {
+    if (folder.empty() || folder.front() < 'C' || folder.front() > 'F') return std::nullopt;
+    return std::vector<std::string>{};
+  }
+};
+
 class PictureSettingsFormTest : public ::testing::Test {
  protected:
   void open(const PictureSettings& settings) {
-    form = std::make_unique<frmPictureSettings>(settings, "C:\\Users\\u\\Pictures", dialogs,
-                                                TwipsPerPixel{});
+    form = std::make_unique<frmPictureSettings>(settings, "C:\\Users\\u\\Pictures", folders,
+                                                dialogs, TwipsPerPixel{});
     world->toolkit().open(*form);
     form->fit();
     form->show();
   }
   std::unique_ptr<ui::FormWorld> world = ui::makeFormWorld();
+  Folders folders;
   FakeFileDialogs dialogs;
   std::unique_ptr<frmPictureSettings> form;
 };
@@ -151,6 +195,36 @@ TEST_F(PictureSettingsFormTest, OkAcceptsWhatTheUserChose) {
   EXPECT_TRUE(form->accepted());
   EXPECT_EQ(form->settings(), (PictureSettings{"E:\\旅行", 3, PictureOrder::random}));
   EXPECT_EQ(form->settingsText(), pictureSettingsText(form->settings()));
+}
+
+TEST_F(PictureSettingsFormTest, WholeMinutesAreCalledSo) {
+  open({});
+  std::string all;
+  for (const auto& item : form->comboStay.items()) all += item.text + ",";
+  EXPECT_EQ(all, "3 秒,5 秒,8 秒,10 秒,15 秒,30 秒,1 分钟,5 分钟,");
+}
+
+TEST_F(PictureSettingsFormTest, QuotesAroundTheFolderAreTakenOff) {
+  open({});
+  world->type(form->txtFolder, " \"E:\\旅 行\" ");
+  world->click(form->cmdOk);
+  EXPECT_TRUE(form->accepted());
+  EXPECT_EQ(form->settings().folder, "E:\\旅 行");
+}
+
+TEST_F(PictureSettingsFormTest, FolderThatIsNotThereIsNotSaved) {
+  open({});
+  int saves = 0;
+  form->setSave([&saves](const std::string&) { return ++saves > 0; });
+  world->type(form->txtFolder, "Z:\\none");
+  world->click(form->cmdOk);
+  EXPECT_EQ(saves, 0);
+  EXPECT_TRUE(form->visible());
+  EXPECT_EQ(world->text(form->labProblem), "文件夹不存在或无法打开。");
+  world->type(form->txtFolder, "D:\\there");
+  world->click(form->cmdOk);
+  EXPECT_EQ(saves, 1);
+  EXPECT_TRUE(form->accepted());
 }
 
 TEST_F(PictureSettingsFormTest, EmptyFolderIsTheUsualOne) {
