@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/Controler.h"
@@ -13,9 +14,12 @@ namespace tessivo {
 /// Opens the settings dialog, and stands between it and the controller. One dialog at a time.
 class ConfigFace : private SysConfigHost {
  public:
-  ConfigFace(const SysConfigServices& services, const Clock& clock, const Processes& processes,
+  ConfigFace(SysConfigServices services, const Clock& clock, const Processes& processes,
              Controler& controler)
-      : services_(services), clock_(clock), processes_(processes), controler_(controler) {}
+      : services_(std::move(services)),
+        clock_(clock),
+        processes_(processes),
+        controler_(controler) {}
 
   /// Shows the dialog over the owner and returns when it has been closed; one that is up comes to
   /// the front instead.

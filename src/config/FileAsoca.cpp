@@ -10,8 +10,8 @@ namespace {
 constexpr const char* kClasses = "HKCR\\";
 /// The identifier's default value, where other programs have a description.
 constexpr const char* kIdValue = "0";
-constexpr const char* kHandlers = "\\shellex\\ContextMenuHandlers";
-constexpr const char* kCommand = "\\shell\\open\\command";
+constexpr const char* kHandlers = R"(\shellex\ContextMenuHandlers)";
+constexpr const char* kCommand = R"(\shell\open\command)";
 constexpr const char* kIcon = "\\DefaultIcon";
 
 }  // namespace

@@ -68,7 +68,7 @@ void FileAsocaList::getBaseAssocListFromDB() {
   }
 }
 
-void FileAsocaList::getInfoFromRegistry() {
+void FileAsocaList::getInfoFromRegistry() const {
   for (std::int32_t i = 1; i <= lngGetListCount(); ++i) {
     objGetAFileAsocaObjByIndex(i)->checkAssociationState();
   }

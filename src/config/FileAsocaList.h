@@ -26,7 +26,7 @@ class FileAsocaList {
   /// Reads the types, in the order of their extensions. What cannot be read leaves the list empty.
   void getBaseAssocListFromDB();
   /// Reads who has each extension.
-  void getInfoFromRegistry();
+  void getInfoFromRegistry() const;
   /// Registers all types, and the context-menu handler as approved.
   void InitializeRegistry();
   /// Takes all that back.

@@ -99,7 +99,7 @@ void ScreenSaverCtrl::previewAScrSavProcByName(const std::string& name) {
 std::string ScreenSaverCtrl::showAScrSavPrcPramConfigFace(const std::string& name, std::int32_t x,
                                                           std::int32_t y,
                                                           const std::string& ownerCaption) {
-  const std::string program = programFile(name);
+  std::string program = programFile(name);
   start(program, "SHOW_CONFIG_FACE" + field(x) + field(y) + field(ownerCaption),
         WindowStyle::normal);
   return program;

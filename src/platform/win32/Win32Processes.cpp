@@ -73,8 +73,9 @@ std::optional<ProcessModule> Win32Processes::firstModule(std::uint32_t identifie
   const Handle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier));
   if (!process) return std::nullopt;
   HMODULE module = nullptr;
+  constexpr DWORD kOneModule = sizeof(HMODULE);  // NOLINT(bugprone-sizeof-expression): a handle
   DWORD needed = 0;
-  if (!EnumProcessModules(process.get(), &module, sizeof module, &needed)) {
+  if (!EnumProcessModules(process.get(), &module, kOneModule, &needed)) {
     return imageOf(process.get());
   }
   NameBuffer baseName{};

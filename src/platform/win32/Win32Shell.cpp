@@ -3,10 +3,10 @@
 #include <windows.h>
 // After windows.h, which it needs:
 #include <shellapi.h>
-#include <shlobj.h>
 
 #include <cstdint>
 
+#include "platform/win32/AssociationsNotice.h"
 #include "platform/win32/Guarded.h"
 #include "platform/win32/WindowsText.h"
 
@@ -37,7 +37,7 @@ void Win32Shell::open(WindowHandle owner, const std::string& file, const std::st
 }
 
 void Win32Shell::associationsChanged() {
-  SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
+  noticeAssociationsChanged();
 }
 
 }  // namespace tessivo
