@@ -4,12 +4,8 @@
 
 namespace tessivo::ssp {
 
-InputWatch::InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput,
-                       std::optional<std::uint32_t> since)
-    : input_(input),
-      onInput_(std::move(onInput)),
-      timer_(timers, "timInput", kGraceMs),
-      tickAtStart_(since) {
+InputWatch::InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput)
+    : input_(input), onInput_(std::move(onInput)), timer_(timers, "timInput", kGraceMs) {
   timer_.onTimer.listen([this] { poll(); });
   timer_.setEnabled(true);
 }

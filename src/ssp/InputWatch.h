@@ -11,17 +11,14 @@ namespace tessivo::ssp {
 
 /// Tells once that the user has touched mouse or keyboard, in whatever program: a screen saver has
 /// no keyboard of its own. What happens in the first 700 ms does not count: the click that started
-/// a preview, and the motion that the system makes up when a window appears under the pointer. A
-/// program that knows better says since when input counts; it is told after the 700 ms then.
+/// a preview, and the motion that the system makes up when a window appears under the pointer.
 class InputWatch {
  public:
   static constexpr int kGraceMs = 700;
   static constexpr int kPollMs = 200;
 
-  /// Watches from now on; both services must outlive it. With `since`, input counts when the
-  /// system's tick of the last input is another than that.
-  InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput,
-             std::optional<std::uint32_t> since = std::nullopt);
+  /// Watches from now on; both services must outlive it.
+  InputWatch(const IdleInput& input, TimerService& timers, std::function<void()> onInput);
 
   /// A key or a button in the saver's own window: it is told at once, but not in the first 700 ms.
   void noteOwnInput();

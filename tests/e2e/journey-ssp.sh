@@ -105,6 +105,13 @@ the_clock() {
   move_pointer
   check "a motion of the pointer ends it" ends
 
+  pointer_to 1900 600
+  saver "$clock" 'RUN##1280##0##1280##1024##1##x'
+  check "it comes up under the pointer, too" player_wait 10 is_up 时钟
+  check "and goes on" goes_on_for 4
+  move_pointer
+  check "until the pointer moves" ends
+
   saver "$clock" 'RUN##100##200##300##150##0##x'
   check "any rectangle is covered" player_wait 10 place_is 时钟 100,200,300,150
   sleep 1
@@ -216,6 +223,36 @@ settings() {
   rm -f "$ini"
 }
 
+folder_that_is_not_there() {
+  local ini=$folder/SSP/图片欣赏.ini
+  pointer_to 100 900
+  rm -f "$ini"
+  saver "$show" 'SHOW_CONFIG_FACE##1900##500##nobody'
+  player_wait 10 is_up '图片欣赏设置' || true
+  sleep 1
+  desktop_screenshot "$shots/picture-settings.png"
+  xdotool key ctrl+a
+  xdotool type 'C:\none'
+  sleep 0.2
+  xdotool key Return
+  check "settings with a folder that is not there stay" goes_on_for 2
+  desktop_screenshot "$shots/no-folder.png"
+  check "a red line says why" at_least "$(red_pixels)" 50
+  check "and nothing is saved" test ! -e "$ini"
+  xdotool key ctrl+a
+  xdotool type '"C:\windows"'
+  sleep 0.2
+  xdotool key Return
+  check "with one that is there they close" ends
+  check "and are saved, without the quotes" grep -q '^Folder=C:.windows.$' "$ini"
+  rm -f "$ini"
+}
+# Pixels of dark red on the second monitor.
+red_pixels() {
+  convert "$shots/no-folder.png" -crop 1280x1024+1280+0 +repage -fuzz 5% -fill white -opaque '#C00000' \
+    -fill black +opaque white -format '%[fx:mean*w*h]' info:
+}
+
 has_keyboard() {
   found=$(xdotool getactivewindow getwindowname 2>/dev/null)
   [[ $found == "$1" ]]
@@ -324,6 +361,7 @@ cost() {
 }
 costs() {
   local seconds=${TESSIVO_SSP_SECONDS:-30}
+  pointer_to 100 900
   saver "$clock" 'RUN##1280##0##1280##1024##1##x'
   player_wait 10 is_up 时钟
   sleep 2
@@ -346,7 +384,7 @@ trap 'player_end; desktop_stop' EXIT
 rm -rf "$folder"
 mkdir -p "$folder" "$shots"
 player_savers "$folder"
-parts=(malformed the_clock ended_by_a_key previews settings settings_of_an_owner the_pictures
+parts=(malformed the_clock ended_by_a_key previews settings folder_that_is_not_there settings_of_an_owner the_pictures
   without_pictures costs)
 # Some of them, in this order, when they are named.
 if (($# > 0)); then parts=("$@"); fi

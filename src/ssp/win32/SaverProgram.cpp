@@ -49,17 +49,13 @@ Rect monitorUnderPointer() {
   return monitor ? monitor->monitor : displays.primaryScreen();
 }
 
-/// The tick of the last input; nothing when the system does not tell.
-using InputTick = std::optional<std::uint32_t>;
-
-/// `since`: input counts when it is later than that; nothing: see InputWatch.
-int cover(const SaverProgram& program, const Rect& area, InputTick since) {
+int cover(const SaverProgram& program, const Rect& area) {
   DebugLog log;
   Win32MessageLoop loop;
   Win32TimerService timers(log);
   const Win32IdleInput input;
   const auto end = [&loop] { loop.quit(); };
-  InputWatch watch(input, timers, end, since);
+  InputWatch watch(input, timers, end);
   SaverWindow window(area, program.name(), {[&watch] { watch.noteOwnInput(); }, end}, log);
   if (!window.isOpen()) return kNoWindow;
   window.show();
@@ -73,12 +69,15 @@ void configure(const SaverProgram& program, const SaverArguments& arguments) {
   configureSaver(program, arguments, settingsOf(program), log);
 }
 
-int runAsTold(const SaverProgram& program, const SaverArguments& arguments, InputTick tickAtStart) {
+int runAsTold(const SaverProgram& program, const SaverArguments& arguments,
+              std::optional<std::uint32_t> tickAtStart) {
   switch (arguments.task) {
     case SaverTask::run:
-      return cover(program, arguments.area, tickAtStart);
+      // Whoever has come back while the program started does not want it any more.
+      if (Win32IdleInput().lastInputTick() != tickAtStart) return kDone;
+      return cover(program, arguments.area);
     case SaverTask::preview:
-      return cover(program, monitorUnderPointer(), std::nullopt);
+      return cover(program, monitorUnderPointer());
     case SaverTask::configure:
     case SaverTask::settings:
       configure(program, arguments);
@@ -92,8 +91,7 @@ int runAsTold(const SaverProgram& program, const SaverArguments& arguments, Inpu
 }  // namespace
 
 void runSaverProgram(const SaverProgram& program) {
-  // Whoever comes back while the program starts does not want it any more.
-  const InputTick tickAtStart = Win32IdleInput().lastInputTick();
+  const auto tickAtStart = Win32IdleInput().lastInputTick();
   setUpProcess();
   OleInitialize(nullptr);
   const int result = runAsTold(program, parseSaverArguments(commandLineArguments()), tickAtStart);

@@ -79,27 +79,6 @@ TEST_F(InputWatchTest, InputOfTheOwnWindowIsToldAtOnceButNotInTheFirst700Ms) {
   EXPECT_EQ(ended, 1);
 }
 
-TEST_F(InputWatchTest, WithAStartOfItsOwnInputSinceThenIsToldAfterTheFirst700Ms) {
-  int told = 0;
-  const InputWatch since(
-      input, time, [&told] { ++told; }, 990);
-  time.advance(699);
-  EXPECT_EQ(told, 0);
-  time.advance(1);
-  EXPECT_EQ(told, 1);
-  time.advance(5000);
-  EXPECT_EQ(told, 1);
-  EXPECT_EQ(ended, 0);
-}
-
-TEST_F(InputWatchTest, WithAStartOfItsOwnItGoesOnWithoutInputSinceThen) {
-  int told = 0;
-  const InputWatch since(
-      input, time, [&told] { ++told; }, 1000);
-  time.advance(5000);
-  EXPECT_EQ(told, 0);
-}
-
 TEST_F(InputWatchTest, SystemThatDoesNotTellEndsNothing) {
   input.tick.reset();
   time.advance(5000);

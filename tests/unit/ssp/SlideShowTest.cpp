@@ -44,7 +44,7 @@ struct SlideShowTest : ::testing::Test, SlideStage {
         continue;
       }
       const std::string path = std::exchange(path_, "");
-      slides.loaded(path[path.rfind('\\') + 1] != 'x');
+      slides.loaded(isHealed || path[path.rfind('\\') + 1] != 'x');
     }
   }
   /// Second by second; what is asked for is answered within each.
@@ -76,6 +76,7 @@ struct SlideShowTest : ::testing::Test, SlideStage {
   Names names;  ///< the folder's files; nothing: it is not there
   int looks = 0;
   int loads = 0;
+  bool isHealed = false;  ///< the damaged ones can be read
   Trace trace;
   bool isListing_ = false;
   std::string path_;
@@ -182,6 +183,17 @@ TEST_F(SlideShowTest, WhenAllHaveFailedTheyAreTriedOnceMoreOneASecond) {
   EXPECT_EQ(trace.take(), "load x2.jpg | notice");
   EXPECT_EQ(loadsIn(30), 0);
   EXPECT_EQ(loadsIn(2), 2);
+}
+
+TEST_F(SlideShowTest, FilesThatHaveFailedForATimeAreShownAgainAsBefore) {
+  begin({{"x1.jpg", "x2.jpg"}});
+  isHealed = true;
+  seconds(31);
+  EXPECT_EQ(trace.take(), "notice | load x1.jpg | show | load x2.jpg");
+  seconds(3);
+  EXPECT_EQ(trace.take(), "show | load x1.jpg");
+  seconds(3);
+  EXPECT_EQ(trace.take(), "show | load x2.jpg");
 }
 
 TEST_F(SlideShowTest, After20InARowOneASecondIsTriedBelowTheNotice) {
