@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Rounding.h"
 #include "data/DataAccess.h"
 #include "fakes/EmptyDatabase.h"
 #include "fakes/FakeAccounts.h"
@@ -199,9 +200,10 @@ TEST_F(FrmSysConfigTest, TheProgramsSettingsOpenInTheMiddleOfTheDialog) {
     dialog.setBounds({1500, 3000, dialog.width(), dialog.height()});
     trace.take();
     world->click(dialog.cmdPramSet);
+    const auto half = [](std::int32_t twips) { return *roundedToInt32(twips / 2.0); };
     EXPECT_EQ(trace.take(), "settings of 图片欣赏 at " +
-                                std::to_string(dialog.left() + dialog.width() / 2) + ',' +
-                                std::to_string(dialog.top() + dialog.height() / 2));
+                                std::to_string(dialog.left() + half(dialog.width())) + ',' +
+                                std::to_string(dialog.top() + half(dialog.height())));
   });
 }
 
