@@ -94,6 +94,8 @@ the_menu() {
 by_mouse() { open_tray_menu && choose "$1" "$2"; }
 by_key() { open_tray_menu && key "$1"; }
 
+settings_are_up() { dialog_on_left 'title 设置|'; }
+
 # entries HOW SHOW CONFIG ABOUT HELP EXIT: each what HOW needs to choose it.
 entries() {
   local how=$1
@@ -104,10 +106,9 @@ entries() {
     check "$how: 显示控制面板 shows it" player_wait 5 panel_is visible
     check "$how: in front" shows in-front panel
     "$how" $3
-    sleep 1
-    check "$how: 设置 is not there yet" no_dialog
-    key Escape
-    player_wait 3 menu_is_closed
+    check "$how: 设置 opens its dialog on the panel's monitor" player_wait 5 settings_are_up
+    dialog_key Escape
+    check "$how: Escape closes it" player_wait 5 no_dialog
     "$how" $4
     check "$how: 关于泰思维 opens its dialog on the panel's monitor" player_wait 5 about_is_up
     check "$how: it is seen" dialog_is_seen
