@@ -8,7 +8,9 @@
 #   journey_engines MEDIA REAL    the choices in Engines.ini, before the player starts
 #   journey_test_control PART     the test control plays that part in RealPlayer's slot; what is asked
 #                                 of it is in $folder/calls.txt. Ends with the journey.
-set -euo pipefail
+#
+# A command outside of check that fails ends the journey, and counts as a test that failed.
+set -Eeuo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 # shellcheck source=tools/desktop
 source tools/desktop
@@ -42,10 +44,20 @@ check() {
   if "$@"; then
     echo "PASS $what"
   else
-    echo "FAIL $what${found:+ (found: $found)}"
-    tail -n 8 "$folder/Tessivo.log" 2>/dev/null | sed 's/^/  log: /' || true
+    failed "$what"
   fi
 }
+failed() {
+  echo "FAIL $1${found:+ (found: $found)}"
+  tail -n 8 "$folder/Tessivo.log" 2>/dev/null | sed 's/^/  log: /' || true
+  ((++failures))
+  desktop_screenshot "$shots/failed-$failures.png" || true
+}
+failures=0
+# What fails in a subshell and matters fails once more outside.
+trap 'if ((BASH_SUBSHELL == 0)); then
+  failed "$name: broke off at $BASH_COMMAND (${FUNCNAME[*]:-}, lines $LINENO ${BASH_LINENO[*]:-})"
+fi' ERR
 
 journey_clip() {
   local file=$1 source=$2 seconds=$3
