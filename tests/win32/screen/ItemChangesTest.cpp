@@ -64,6 +64,8 @@ constexpr std::array kChanges = {
 constexpr DWORD kOpeningMs = 40;
 /// What may come and go by itself, however many items there were.
 constexpr int kSlack = 3;
+/// Device contexts are kept for the next user; how many depends on how many were in use at once.
+constexpr int kDrawingSlack = 10;
 constexpr int kFullScreenAt = 6;
 constexpr int kNormalAt = 14;
 
@@ -92,7 +94,7 @@ void settle(ResourceCounts& counts) {
 void expectNoMoreThan(const ResourceCounts& before, const ResourceCounts& after) {
   EXPECT_EQ(after.windows, before.windows);
   EXPECT_EQ(after.user, before.user);
-  EXPECT_LE(after.drawing, before.drawing + kSlack);  // device contexts are kept for the next user
+  EXPECT_LE(after.drawing, before.drawing + kDrawingSlack);
   EXPECT_LE(after.otherHandles, before.otherHandles + kSlack);
   EXPECT_LE(after.threads, before.threads + kSlack);
 }
