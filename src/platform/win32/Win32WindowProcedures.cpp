@@ -9,6 +9,7 @@ namespace {
 
 /// The one filter of the thread; a window procedure has no place for it.
 struct Caught {
+  const WindowProcedures* owner = nullptr;
   WindowProcedures::Filter* filter = nullptr;
   Log* log = nullptr;
 };
@@ -55,10 +56,14 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 }  // namespace
 
+Win32WindowProcedures::~Win32WindowProcedures() {
+  if (caught.owner == this) caught = {};
+}
+
 std::uintptr_t Win32WindowProcedures::replace(WindowHandle window, Filter& filter) {
   auto* const handle = reinterpret_cast<HWND>(window);
   if (GetWindowThreadProcessId(handle, nullptr) != GetCurrentThreadId()) return 0;
-  caught = {&filter, &log_};
+  caught = {this, &filter, &log_};
   return static_cast<std::uintptr_t>(
       SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
 }

@@ -4,9 +4,11 @@
 #include <windows.h>
 
 #include <future>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "fakes/FakeLog.h"
@@ -70,7 +72,7 @@ class Win32WindowProceduresTest : public testing::Test, protected WindowProcedur
     RegisterClassW(&description);
     window = CreateWindowExW(0, description.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
                              nullptr, description.hInstance, nullptr);
-    previous = procedures.replace(handle(), *this);
+    previous = procedures->replace(handle(), *this);
     original.clear();
   }
   ~Win32WindowProceduresTest() override {
@@ -93,7 +95,7 @@ class Win32WindowProceduresTest : public testing::Test, protected WindowProcedur
   void gone(WindowHandle which) override { goneWindows.push_back(which); }
 
   FakeLog log;
-  Win32WindowProcedures procedures{log};
+  std::optional<Win32WindowProcedures> procedures{log};
   HWND window = nullptr;
   std::uintptr_t previous = 0;
   bool consumes = false;
@@ -127,7 +129,7 @@ TEST_F(Win32WindowProceduresTest, AnyOtherGoesToThePreviousProcedureWithWhatItCa
 }
 
 TEST_F(Win32WindowProceduresTest, RestoringPutsTheProcedureBack) {
-  procedures.restore(handle(), previous);
+  procedures->restore(handle(), previous);
   EXPECT_EQ(installed(), &originalProcedure);
   SendMessageW(window, WM_MOUSEMOVE, 0, 0);
   EXPECT_TRUE(seen.empty());
@@ -135,7 +137,7 @@ TEST_F(Win32WindowProceduresTest, RestoringPutsTheProcedureBack) {
 
 TEST_F(Win32WindowProceduresTest, AProcedureThatCameOnTopStays) {
   SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&onTop));
-  procedures.restore(handle(), previous);
+  procedures->restore(handle(), previous);
   EXPECT_EQ(SendMessageW(window, WM_USER, 0, 0), 77);
 }
 
@@ -145,17 +147,31 @@ TEST_F(Win32WindowProceduresTest, ADestroyedWindowIsReportedAndStillHearsOfIt) {
   EXPECT_EQ(goneWindows, (std::vector<WindowHandle>{was}));
   ASSERT_FALSE(original.empty());
   EXPECT_EQ(original.back(), static_cast<UINT>(WM_NCDESTROY));
-  procedures.restore(was, previous);
+  procedures->restore(was, previous);
+}
+
+TEST_F(Win32WindowProceduresTest, AWindowThatIsLeftBehindCallsAFilterThatIsGoneNoMore) {
+  procedures.reset();
+  EXPECT_EQ(SendMessageW(window, WM_USER, 40, 2), 0);
+  DestroyWindow(window);
+  EXPECT_TRUE(seen.empty());
+  EXPECT_TRUE(goneWindows.empty());
+}
+
+TEST_F(Win32WindowProceduresTest, AnotherObjectsEndLeavesTheFilter) {
+  { const Win32WindowProcedures other(log); }
+  SendMessageW(window, WM_MOUSEMOVE, 0, 0);
+  EXPECT_EQ(seen, (std::vector<WindowMessage>{WindowMessage::mouseMove}));
 }
 
 TEST_F(Win32WindowProceduresTest, AWindowThatIsNoneIsRefused) {
-  EXPECT_EQ(procedures.replace(0xDEAD, *this), 0U);
-  EXPECT_EQ(procedures.replace(0, *this), 0U);
+  EXPECT_EQ(procedures->replace(0xDEAD, *this), 0U);
+  EXPECT_EQ(procedures->replace(0, *this), 0U);
 }
 
 TEST_F(Win32WindowProceduresTest, AWindowOfAnotherThreadIsRefusedAndKeepsItsProcedure) {
   const ForeignWindow foreign;
-  EXPECT_EQ(procedures.replace(reinterpret_cast<WindowHandle>(foreign.handle), *this), 0U);
+  EXPECT_EQ(procedures->replace(reinterpret_cast<WindowHandle>(foreign.handle), *this), 0U);
   EXPECT_EQ(SendMessageW(foreign.handle, WM_USER, 40, 2), 42);
   EXPECT_TRUE(seen.empty());
 }
@@ -163,8 +179,8 @@ TEST_F(Win32WindowProceduresTest, AWindowOfAnotherThreadIsRefusedAndKeepsItsProc
 TEST_F(Win32WindowProceduresTest, AWindowOfAnsiKeepsItsText) {
   const HWND edit =
       CreateWindowExA(0, "EDIT", "", WS_POPUP, 0, 0, 50, 20, nullptr, nullptr, nullptr, nullptr);
-  window = edit;  // the filter asks for the previous procedure of this one
-  previous = procedures.replace(handle(), *this);
+  DestroyWindow(std::exchange(window, edit));  // the filter knows one window
+  previous = procedures->replace(handle(), *this);
   ASSERT_NE(previous, 0U);
   SetWindowTextW(edit, L"泰思维");
   wchar_t text[10] = {};
