@@ -42,7 +42,10 @@ constexpr std::int32_t kNameWidth = 2400;
 constexpr std::int32_t kMinutesWidth = 1050;
 constexpr std::int32_t kTickColumn = 375;
 constexpr std::int32_t kTypeColumn = 1200;
-constexpr std::int32_t kDescriptionColumn = 4800;
+constexpr std::int32_t kScrollBar = 330;  // with the list's edges
+/// To the right edge.
+constexpr std::int32_t kDescriptionColumn =
+    kInnerWidth - 2 * kMargin - kTickColumn - kTypeColumn - kScrollBar;
 constexpr std::int32_t kNoteWidth = 4200;
 constexpr std::int32_t kNoteHeight = 900;
 
@@ -382,15 +385,16 @@ void frmSysConfig::layOutFirstPage(std::int32_t width) {
 }
 
 void frmSysConfig::layOutSecondPage(std::int32_t width, std::int32_t height) {
-  const std::int32_t buttons = height - kGap - kLine;
-  const std::int32_t note = buttons - kGap - kText;
-  lvFileAssociationList.setBounds({0, kGap, width, note - 2 * kGap});
-  labFigureNote.setBounds({0, note, width, kText});
+  // The buttons by the list that they change, apart from those of the dialog.
+  const std::int32_t note = height - kGap - kText;
+  const std::int32_t buttons = note - kGap - kLine;
+  lvFileAssociationList.setBounds({0, kGap, width, buttons - 2 * kGap});
   std::int32_t x = 0;
   for (ui::Button* button : {&cmdAssociaAll, &cmdNoAssociaAll, &cmdAssociaDefault}) {
     button->setBounds({x, buttons, kWideButtonWidth, kLine});
     x += kWideButtonWidth + kGap;
   }
+  labFigureNote.setBounds({0, note, width, kText});
 }
 
 }  // namespace tessivo

@@ -1,31 +1,13 @@
 #!/usr/bin/env bash
 # The settings dialog from the panel's menu: what is saved, what is not, a screen-saver program's own
-# settings and preview from there, the file types for one who may not change them, and leaving while it
-# is up.
+# settings and preview from there, and leaving while it is up. The file types are the subject of
+# journey-associations.sh.
 source "$(dirname "${BASH_SOURCE[0]}")/saver.sh"
+source tests/e2e/settings.sh
 
 setting_is() {
   found=$(sqlite3 "$folder/SysConfig" "select $1 from sys")
   [[ $found == "$2" ]]
-}
-settings_window() { xdotool search --onlyvisible --name '^设置$' 2>/dev/null | head -n 1; }
-settings_are_up() { [[ -n $(settings_window) ]]; }
-settings_are_gone() { [[ -z $(settings_window) ]]; }
-has_keyboard() {
-  found=$(xdotool getwindowfocus getwindowname)
-  [[ $found =~ $1 ]]
-}
-open_settings() {
-  open_panel_menu
-  choose 0 0
-  player_wait 5 settings_are_up
-  player_wait 3 has_keyboard '^设置$' || xdotool windowactivate "$(settings_window)"
-  sleep 0.5
-}
-# settings_key KEY…: to the dialog, and time for it to follow.
-settings_key() {
-  key "$@"
-  sleep 0.4
 }
 
 saving_and_cancelling() {
@@ -83,20 +65,6 @@ program_settings() { xdotool search --onlyvisible --name '^时钟 *设置$' 2>/d
 program_settings_are_up() { [[ -n $(program_settings) ]]; }
 program_settings_are_gone() { [[ -z $(program_settings) ]]; }
 
-# Under Wine nobody is a member of the group.
-of_the_file_types() {
-  open_settings
-  settings_key shift+Tab  # from the first box to the tabs
-  settings_key Right
-  sleep 2
-  desktop_screenshot "$shots/second-tab.png"
-  check "the log says why the file types are locked" said 'file associations are locked '
-  settings_key alt+s
-  check "saving closes the dialog" player_wait 3 settings_are_gone
-  check "no extension was taken" no_class 'Tessivo.mp3'
-}
-no_class() { ! player_wine reg query "HKCR\\$1" >/dev/null 2>&1; }
-
 leaving_meanwhile() {
   open_settings
   settings_key alt+n
@@ -118,5 +86,4 @@ player_start "$folder"
 player_wait 10 panel_is visible
 saving_and_cancelling
 of_a_screen_saver
-of_the_file_types
 leaving_meanwhile

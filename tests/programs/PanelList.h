@@ -8,11 +8,12 @@
 
 namespace tessivo {
 
-/// One of the panel's lists, read from outside: what a message fills in has to lie in the player's
+/// One of the player's lists, read from outside: what a message fills in has to lie in the player's
 /// memory.
 class PanelList {
  public:
-  PanelList(const PanelWindow& panel, const std::string& name) : list_(panel.control(name)) {
+  PanelList(const PanelWindow& panel, const std::string& name) : PanelList(panel.control(name)) {}
+  explicit PanelList(HWND list) : list_(list) {
     DWORD id = 0;
     GetWindowThreadProcessId(list_, &id);
     process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
@@ -41,6 +42,7 @@ class PanelList {
     for (int row = 0, rows = rowCount(); row < rows; ++row) ticked += isTicked(row) ? 1 : 0;
     return ticked;
   }
+  void scrollTo(int row) const { ask(LVM_ENSUREVISIBLE, row, FALSE); }
   std::string cell(int row, int column) const {
     Shared shared{};
     shared.item.iSubItem = column;

@@ -17,6 +17,9 @@
 //   dialog       the title, text, buttons and place of the player's dialog in front, if any: texts
 //                and buttons only of the program's own
 //   dialog-where NAME  "x y width height" of that control of the dialog
+//   types        the file types of the settings dialog, one a line: "yes" or "no", whether it is
+//                ticked, type and description
+//   type-at TYPE "x y" of that type's check box, after scrolling to it
 //   menu         "x y width height" of the pop-up menu that is open, if any
 //   icon CODE    say to the tray's window what the notification area does when CODE, the number of
 //                a mouse message, happens to the icon
@@ -250,6 +253,31 @@ void printDialogWhere(const std::string& name) {
   printPlace(control);
 }
 
+PanelList typesOfDialog() {
+  const HWND dialog = PanelWindow().dialog();
+  const HWND list = dialog ? findControl(dialog, "lvFileAssociationList") : nullptr;
+  if (!list) fail("no dialog with file types");
+  return PanelList(list);
+}
+
+void printTypes() {
+  const PanelList types = typesOfDialog();
+  for (int row = 0, rows = types.rowCount(); row < rows; ++row) {
+    std::printf("%s %s %s\n", yesOrNo(types.isTicked(row)), types.cell(row, 1).c_str(),
+                types.cell(row, 2).c_str());
+  }
+}
+
+void printTypeAt(const std::string& type) {
+  const PanelList types = typesOfDialog();
+  int row = 0;
+  while (row < types.rowCount() && types.cell(row, 1) != type) ++row;
+  if (row == types.rowCount()) fail("no file type " + type);
+  types.scrollTo(row);
+  const RECT rect = types.cellRect(row, 0);
+  std::printf("%ld %ld\n", rect.left + kTickMiddle, (rect.top + rect.bottom) / 2);
+}
+
 void answer(const std::string& name) {
   std::pair<std::string, HWND> search(name, nullptr);
   const auto look = [](HWND window, LPARAM into) {
@@ -380,6 +408,8 @@ void carryOut(const std::string& command) {
       {"dialog", showDialog},
       {"answer", [] { answer(nextWord()); }},
       {"dialog-where", [] { printDialogWhere(nextWord()); }},
+      {"types", printTypes},
+      {"type-at", [] { printTypeAt(nextWord()); }},
       {"menu", showMenu},
       {"icon", [] { tellOfIcon(nextNumber()); }},
       {"taskbar-created", sayTaskbarCreated},

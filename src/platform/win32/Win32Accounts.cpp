@@ -15,6 +15,12 @@ namespace {
 constexpr DWORD kMostBytes = 1024;
 constexpr DWORD kNameSize = 199;
 
+/// This machine has no name, for which the system wants no text at all: an empty one need not do
+/// (Wine takes it for the name of another machine).
+const wchar_t* nameOrNothing(const std::wstring& server) {
+  return server.empty() ? nullptr : server.c_str();
+}
+
 /// Takes the names out of the system's buffer, which is given back.
 template <typename Entry, typename NameOf>
 std::uint32_t takeNames(NET_API_STATUS status, BYTE* buffer, DWORD count, const NameOf& nameOf,
@@ -43,8 +49,9 @@ std::uint32_t Win32Accounts::localGroupsOf(const std::string& server, const std:
   BYTE* buffer = nullptr;
   DWORD count = 0;
   DWORD total = 0;
-  const NET_API_STATUS status = NetUserGetLocalGroups(toWide(server).c_str(), toWide(user).c_str(),
-                                                      0, 0, &buffer, kMostBytes, &count, &total);
+  const std::wstring name = toWide(server);
+  const NET_API_STATUS status = NetUserGetLocalGroups(nameOrNothing(name), toWide(user).c_str(), 0,
+                                                      0, &buffer, kMostBytes, &count, &total);
   return takeNames<LOCALGROUP_USERS_INFO_0>(
       status, buffer, count, [](const auto& entry) { return entry.lgrui0_name; }, groups);
 }

@@ -449,6 +449,42 @@ TEST_F(FrmSysConfigTest, TheUsersRightsAreAskedAtEachShowing) {
   EXPECT_EQ(accounts.asked.size(), 2U);
 }
 
+// Layout
+
+TEST_F(FrmSysConfigTest, NothingOverlapsOrReachesOutOfItsPage) {
+  const auto overlap = [](const Rect& a, const Rect& b) {
+    return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
+           b.top < a.top + a.height;
+  };
+  const auto check = [&](const std::vector<ui::Control*>& controls, std::int32_t width,
+                         std::int32_t height) {
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+      const Rect& bounds = controls[i]->bounds();
+      EXPECT_TRUE(bounds.left >= 0 && bounds.top >= 0 && bounds.width > 0 && bounds.height > 0 &&
+                  bounds.left + bounds.width <= width && bounds.top + bounds.height <= height)
+          << controls[i]->name();
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_FALSE(overlap(bounds, controls[j]->bounds()))
+            << controls[i]->name() << ' ' << controls[j]->name();
+      }
+    }
+  };
+  showWhile([&] {
+    auto& d = dialog;
+    check({&d.sstTab, &d.Picture1, &d.cmdHelp, &d.cmdSave, &d.cmdCancel}, d.scaleWidth(),
+          d.scaleHeight());
+    EXPECT_EQ(d.Picture2.bounds(), d.Picture1.bounds());
+    const Rect page = d.Picture1.bounds();
+    check({&d.Frame1, &d.chkOnPlayErrContinuePlay, &d.chkOnPlayErrShowMainFace, &d.Frame2,
+           &d.chkSavePlayList, &d.Frame3, &d.chkOpenScrSav, &d.Label1, &d.cmbScrSavProcName,
+           &d.Label2, &d.cmbRunScrSavDelayMinute, &d.cmdPramSet, &d.cmdPreviewSS},
+          page.width, page.height);
+    check({&d.lvFileAssociationList, &d.cmdAssociaAll, &d.cmdNoAssociaAll, &d.cmdAssociaDefault,
+           &d.labFigureNote},
+          page.width, page.height);
+  });
+}
+
 // Help and keyboard
 
 TEST_F(FrmSysConfigTest, HelpOpensAtThePlaceOfTheTab) {

@@ -158,11 +158,15 @@ TEST_F(FileAsocaListTest, WithoutAHandlerNothingIsApproved) {
   addType(".avi", "T.avi");
   load();
   registry.put(RegistryRoot::localMachine, kApprovedKey, "", "default");
-  const auto before = registry.values;
+  const auto approved = [this] {
+    std::string value = "-";
+    registry.read(RegistryRoot::localMachine, kApprovedKey, "", value);
+    return value;
+  };
   list.InitializeRegistry();
+  EXPECT_EQ(approved(), "default");
   list.deleteAllFileAssocItemFromReg();
-  std::string value;
-  EXPECT_EQ(registry.read(RegistryRoot::localMachine, kApprovedKey, "", value), 0U);
+  EXPECT_EQ(approved(), "default");
 }
 
 /// Whatever had the extension: registering and taking it back leaves the registry as it was, but

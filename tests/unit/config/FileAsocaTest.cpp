@@ -162,7 +162,8 @@ TEST_F(FileAsocaTest, SwitchingOffHandsTheExtensionBack) {
   EXPECT_FALSE(type.boolAssociate());
 }
 
-TEST_F(FileAsocaTest, SwitchingOffAnExtensionWithoutAKeyMakesItOurs) {
+TEST_F(FileAsocaTest, SwitchingOffAnExtensionWithoutAKeyMakesItOursEvenWithFallBacks) {
+  thereIs("First");
   type.setAssociationState(false);
   EXPECT_EQ(owner(), kId);
   EXPECT_TRUE(type.boolAssociate());

@@ -10,6 +10,7 @@
 #include "fakes/EmptyDatabase.h"
 #include "fakes/FakeLog.h"
 #include "fakes/TempFolder.h"
+#include "platform/win32/Win32KeySecurity.h"
 #include "platform/win32/Win32Registry.h"
 #include "platform/win32/WindowsText.h"
 
@@ -77,6 +78,36 @@ class OwnRoot {
   std::wstring path_;
   HKEY key_ = nullptr;
   bool overridden_ = false;
+};
+
+/// A class whose list of rights leaves everybody these alone, while this lives.
+class RestrictedClass {
+ public:
+  RestrictedClass(const std::string& name, REGSAM rights) {
+    security_.open(RegistryRoot::classesRoot, name, KEY_ALL_ACCESS, key_);
+    restricted_ = give(rights | WRITE_DAC);
+  }
+  ~RestrictedClass() {
+    give(KEY_ALL_ACCESS);
+    security_.close(key_);
+  }
+  RestrictedClass(const RestrictedClass&) = delete;
+  RestrictedClass& operator=(const RestrictedClass&) = delete;
+
+  bool restricted() const { return restricted_; }
+
+ private:
+  bool give(REGSAM rights) {
+    Bytes everyone;
+    Bytes list;
+    return security_.accountIdentifierOf("Everyone", everyone) == 0 &&
+           security_.makeList(200, {}, rights, everyone, list) == 0 &&
+           security_.writeList(key_, list) == 0;
+  }
+
+  Win32KeySecurity security_;
+  KeySecurity::Key key_ = 0;
+  bool restricted_ = false;
 };
 
 class FileAsocaOnWindows : public testing::Test {
@@ -160,6 +191,75 @@ TEST_F(FileAsocaOnWindows, AnExtensionWithoutAKeyIsOursEvenWhenSwitchedOff) {
   type->setAssociationState(false);
   EXPECT_EQ(classValue(".mp3"), "Tessivo.mp3");
   EXPECT_TRUE(type->boolAssociate());
+}
+
+// What the system itself refuses. Wine asks the rights of a key when it is opened, not when one
+// below it is made or deleted.
+
+TEST_F(FileAsocaOnWindows, AnExtensionThatMayNotBeWrittenStaysAndTheKeysOfTheTypeAreWritten) {
+  putClass(".mp3", "Other");
+  const RestrictedClass extension(".mp3", KEY_READ);
+  ASSERT_TRUE(extension.restricted());
+  const auto type = list.objGetAFileAsocaObjByIndex(1);
+  type->setAssociationState(true);
+  EXPECT_FALSE(type->boolAssociate());
+  EXPECT_EQ(type->strCurrAppIdKeyName, "Other");
+  EXPECT_EQ(type->strOldAppIdKeyName, "");
+  EXPECT_EQ(classValue(".mp3"), "Other");
+  EXPECT_EQ(classValue("Tessivo.mp3"), "0");
+}
+
+TEST_F(FileAsocaOnWindows, AnExtensionThatMayNotBeWrittenCannotBeHandedBack) {
+  putClass(".mp3", "Tessivo.mp3");
+  putClass("First", "x");
+  const RestrictedClass extension(".mp3", KEY_READ);
+  ASSERT_TRUE(extension.restricted());
+  const auto type = list.objGetAFileAsocaObjByIndex(1);
+  type->setAssociationState(false);
+  EXPECT_TRUE(type->boolAssociate());
+  EXPECT_EQ(type->strOldAppIdKeyName, "");
+  EXPECT_EQ(classValue(".mp3"), "Tessivo.mp3");
+}
+
+TEST_F(FileAsocaOnWindows, AnExtensionThatMayNotBeReadEitherIsNotOurs) {
+  putClass(".mp3", "Tessivo.mp3");
+  const RestrictedClass extension(".mp3", 0);
+  ASSERT_TRUE(extension.restricted());
+  const auto type = list.objGetAFileAsocaObjByIndex(1);
+  for (const bool state : {true, false}) {
+    type->setAssociationState(state);
+    EXPECT_FALSE(type->boolAssociate());
+  }
+  type->checkAssociationState();
+  EXPECT_FALSE(type->boolAssociate());
+}
+
+TEST_F(FileAsocaOnWindows, AnOwnerThatMayNotBeReadCountsAsGone) {
+  putClass(".mp3", "Tessivo.mp3");
+  putClass("Other", "x");
+  putClass("First", "x");
+  const RestrictedClass owner("Other", KEY_SET_VALUE);
+  ASSERT_TRUE(owner.restricted());
+  const auto type = list.objGetAFileAsocaObjByIndex(1);
+  type->strOldAppIdKeyName = "Other";
+  type->setAssociationState(false);
+  EXPECT_EQ(classValue(".mp3"), "First");
+  EXPECT_FALSE(type->boolAssociate());
+}
+
+TEST_F(FileAsocaOnWindows, AnExtensionWhoseOwnerIsNoTextIsTakenAsIfNobodyHadIt) {
+  putClass(".mp3", "Other");
+  HKEY key = nullptr;
+  ASSERT_EQ(RegOpenKeyExW(HKEY_CLASSES_ROOT, L".mp3", 0, KEY_SET_VALUE, &key), ERROR_SUCCESS);
+  const BYTE bytes[] = {1, 2, 3};
+  RegSetValueExW(key, nullptr, 0, REG_BINARY, bytes, sizeof bytes);
+  RegCloseKey(key);
+  const auto type = list.objGetAFileAsocaObjByIndex(1);
+  type->checkAssociationState();
+  EXPECT_FALSE(type->boolAssociate());
+  type->setAssociationState(true);
+  EXPECT_EQ(classValue(".mp3"), "Tessivo.mp3");
+  EXPECT_EQ(type->strOldAppIdKeyName, "Tessivo.mp3");
 }
 
 /// Whoever had the extension, and whichever fall-backs there are: what was registered goes without

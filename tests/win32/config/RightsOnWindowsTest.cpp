@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+
 #include "config/CheckUserFigure.h"
 #include "config/SetRegItemACL.h"
 #include "config/SetRegPrivilege.h"
@@ -22,17 +24,27 @@ TEST(AccountsOnWindows, TheUsersNameComesWithItsNul) {
   EXPECT_EQ(Win32Accounts().currentUserName().back(), '\0');
 }
 
-TEST(AccountsOnWindows, AnUnknownUserHasNoGroups) {
+TEST(AccountsOnWindows, TheUserHasGroupsOnThisMachine) {
+  std::vector<std::string> groups;
   const Win32Accounts accounts;
-  FakeLog log;
-  const CheckUserFigure figure(accounts, log);
-  EXPECT_EQ(figure.GetUserGroups("", "no such user here", true), std::vector<std::string>{""});
+  EXPECT_EQ(accounts.localGroupsOf("", accounts.currentUserName(), groups), 0U);
+  EXPECT_FALSE(groups.empty());
 }
 
-TEST(AccountsOnWindows, TheQuestionForTheAdministratorsIsAnsweredAndLogged) {
+TEST(AccountsOnWindows, AMachineWithoutAProperNameIsAnErrorAndHasNoGroups) {
+  std::vector<std::string> groups{"stale"};
   const Win32Accounts accounts;
+  EXPECT_NE(accounts.localGroupsOf("\\\\", accounts.currentUserName(), groups), 0U);
+  EXPECT_TRUE(groups.empty());
+}
+
+TEST(AccountsOnWindows, TheAnswerWhetherTheUserIsAnAdministratorIsTheGroups) {
+  const Win32Accounts accounts;
+  std::vector<std::string> groups;
+  accounts.localGroupsOf("", accounts.currentUserName(), groups);
   FakeLog log;
   const bool belongs = CheckUserFigure(accounts, log).boolUserBlongToAdminsGroup();
+  EXPECT_EQ(belongs, std::ranges::count(groups, "Administrators") == 1);
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_TRUE(log.lines[0].starts_with(belongs ? "info file associations are open"
                                                : "info file associations are locked"));
@@ -137,6 +149,32 @@ TEST_F(KeySecurityOnWindows, TheAccountsNewEntryTakesThePlaceOfItsOldOne) {
   EXPECT_NE(found->entries[0].bytes, Bytes{});
   const auto* entry = reinterpret_cast<const ACCESS_ALLOWED_ACE*>(found->entries[0].bytes.data());
   EXPECT_EQ(entry->Mask, ACCESS_MASK{KEY_READ});
+}
+
+TEST_F(KeySecurityOnWindows, WhatTheAccountWasGivenIsWhatTheSystemThenAllows) {
+  const auto openFor = [this](REGSAM rights) {
+    HKEY opened = nullptr;
+    const LSTATUS status =
+        RegOpenKeyExW(HKEY_CURRENT_USER, toWide(path).c_str(), 0, rights, &opened);
+    if (opened) RegCloseKey(opened);
+    return status;
+  };
+  Bytes everyone;
+  Bytes made;
+  ASSERT_EQ(security.accountIdentifierOf("Everyone", everyone), 0U);
+  ASSERT_EQ(security.makeList(200, {}, KEY_ALL_ACCESS, everyone, made), 0U);
+  ASSERT_EQ(security.writeList(reinterpret_cast<KeySecurity::Key>(key), made), 0U);
+  EXPECT_EQ(openFor(KEY_SET_VALUE), ERROR_SUCCESS);
+  SetRegItemACL access(security);
+  bool result = false;
+  access.pSetKeyAccess(RegistryRoot::currentUser, path, "Everyone", KEY_READ, result);
+  EXPECT_TRUE(result);
+  EXPECT_EQ(openFor(KEY_READ), ERROR_SUCCESS);
+  EXPECT_EQ(openFor(KEY_SET_VALUE), ERROR_ACCESS_DENIED);
+  // Who may do less with a key than everything cannot be given more this way.
+  access.pSetKeyAccess(RegistryRoot::currentUser, path, "Everyone", KEY_ALL_ACCESS, result);
+  EXPECT_FALSE(result);
+  EXPECT_EQ(openFor(KEY_SET_VALUE), ERROR_ACCESS_DENIED);
 }
 
 TEST_F(KeySecurityOnWindows, AMissingKeyIsAFailure) {
