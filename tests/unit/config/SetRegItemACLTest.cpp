@@ -87,6 +87,12 @@ TEST_F(SetRegItemACLTest, ALargeDescriptorIsReadAgain) {
   EXPECT_NE(security.trace.take().find("read 256 | read 300 | make"), std::string::npos);
 }
 
+TEST_F(SetRegItemACLTest, ARefusedDescriptorIsNotReadAgain) {
+  security.failing = "read";
+  EXPECT_FALSE(set());
+  EXPECT_EQ(security.trace.take(), "account Users | open Software\\A 983103 | read 256");
+}
+
 TEST_F(SetRegItemACLTest, AnEmptyListIsLeftAsItIs) {
   security.list = AccessList{8, {}};
   EXPECT_TRUE(set());
