@@ -136,6 +136,7 @@ TEST_F(FrmSysConfigTest, ShowsTheSettings) {
     EXPECT_TRUE(world->isVisible(dialog.Picture1));
     EXPECT_FALSE(world->isVisible(dialog.Picture2));
     EXPECT_FALSE(world->isVisible(dialog.picNote1));
+    EXPECT_TRUE(world->hasFocus(dialog.chkOnPlayErrContinuePlay));
   });
   EXPECT_TRUE(world->isEnabled(owner));
 }
@@ -343,6 +344,40 @@ TEST_F(FrmSysConfigTest, WhileItReadsThereIsNoWayOut) {
     world->close(dialog);
     EXPECT_FALSE(dialog.visible());
   });
+}
+
+TEST_F(FrmSysConfigTest, WhatWasReadOnceIsForgottenAtTheNextShowing) {
+  showWhile([this] {
+    openAssociations();
+    world->click(dialog.cmdCancel);
+  });
+  registry.calls = 0;
+  showWhile([this] {
+    world->click(dialog.cmdSave);
+    EXPECT_FALSE(dialog.visible());
+  });
+  time.advance(5000);
+  EXPECT_EQ(registry.calls, 0);
+}
+
+TEST_F(FrmSysConfigTest, ADialogThatGoesMeanwhileReadsAndWritesNothing) {
+  showWhile([this] {
+    world->chooseTab(dialog.sstTab, 2);
+    dialog.unload();
+  });
+  time.advance(5000);
+  EXPECT_EQ(registry.calls, 0);
+  dialog.sstTab.setSelected(1);
+  showWhile([this] {
+    openAssociations();
+    world->click(dialog.cmdAssociaAll);
+    registry.calls = 0;
+    world->click(dialog.cmdSave);
+    dialog.unload();
+  });
+  time.advance(5000);
+  EXPECT_EQ(registry.calls, 0);
+  EXPECT_EQ(shell.changes, 0);
 }
 
 TEST_F(FrmSysConfigTest, TheButtonsTickAllNoneAndWhatWasRead) {

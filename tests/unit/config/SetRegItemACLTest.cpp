@@ -64,8 +64,8 @@ struct FakeKeySecurity : KeySecurity {
 
 class SetRegItemACLTest : public testing::Test {
  protected:
-  bool set() {
-    bool result = false;
+  bool set(bool before = false) {
+    bool result = before;
     access.pSetKeyAccess(RegistryRoot::localMachine, "Software\\A", "Users", 0x20019, result);
     return result;
   }
@@ -108,7 +108,7 @@ TEST_F(SetRegItemACLTest, WithoutAListItFailsAndTheKeyStaysOpen) {
 TEST_F(SetRegItemACLTest, AFailureOnTheWayToTheListLeavesTheKeyOpen) {
   for (const char* const step : {"account", "open", "read", "list"}) {
     security.failing = step;
-    EXPECT_FALSE(set()) << step;
+    EXPECT_FALSE(set(true)) << step;
     const std::string all = security.trace.take();
     EXPECT_EQ(all.find("close"), std::string::npos) << all;
     EXPECT_EQ(all.find("make"), std::string::npos) << all;
