@@ -6,6 +6,9 @@
 #   journey_random_bytes FILE     no medium
 #   journey_setting COLUMN VALUE  of the stored settings, before the player starts
 #   journey_engines MEDIA REAL    the choices in Engines.ini, before the player starts
+#   journey_browser           a stand-in for the user's browser, from now on; the journey ends with
+#                             journey_no_browser
+#   pages_opened PATTERN      how many starts of it match, each a line with what it was given
 #   journey_test_control PART     the test control plays that part in RealPlayer's slot; what is asked
 #                                 of it is in $folder/calls.txt. Ends with the journey.
 #
@@ -78,6 +81,35 @@ journey_setting() { sqlite3 "$folder/SysConfig" "update sys set $1 = $2"; }
 
 journey_engines() {
   printf '[Engines]\nMediaPlayer=%s\nRealPlayer=%s\n' "$1" "$2" >"$folder/Engines.ini"
+}
+
+# As real browsers do, it opens pages of the disk as well as addresses.
+journey_browser() {
+  local command
+  cp "$PLAYER_PROGRAMS/tests/stand_in_saver.exe" "$folder/browser.exe"
+  command="\"$(player_windows_path "$folder/browser.exe")\" \"%1\""
+  {
+    player_wine reg add 'HKCR\TessivoTestPage\shell\open\command' /ve /d "$command" /f
+    player_wine reg add 'HKCR\.htm' /ve /d TessivoTestPage /f
+    player_wine reg add 'HKCR\http\shell\open\command' /ve /d "$command" /f
+  } >/dev/null
+}
+# What Wine has there from the start.
+journey_no_browser() {
+  {
+    player_wine reg add 'HKCR\.htm' /ve /d htmlfile /f
+    player_wine reg delete 'HKCR\TessivoTestPage' /f
+    player_wine reg add 'HKCR\http\shell\open\command' /ve \
+      /d '"C:\windows\system32\winebrowser.exe" "%1"' /f
+  } >/dev/null
+}
+pages_opened() {
+  found=$(grep -c -- "$1" "$folder/browser.txt" 2>/dev/null) || true
+  echo "${found:-0}"
+}
+is_opened() {
+  found="$(cat "$folder/browser.txt" 2>/dev/null)"
+  (($(pages_opened "$1") >= ${2:-1}))
 }
 
 journey_test_control() {

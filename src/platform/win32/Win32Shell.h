@@ -5,7 +5,9 @@
 
 namespace tessivo {
 
-/// The Windows shell, with the verb "open", an ordinary window and no folder given.
+/// The Windows shell, with the verb "open", an ordinary window and no folder given. A page of the
+/// disk with an anchor goes to the browser as an address, since the shell knows no anchors; where
+/// pages are opened with something else than the browser, it is opened without.
 class Win32Shell : public Shell {
  public:
   explicit Win32Shell(Log& log) : log_(log) {}

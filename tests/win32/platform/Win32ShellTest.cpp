@@ -10,12 +10,54 @@
 
 #include "fakes/FakeLog.h"
 #include "fakes/TempFolder.h"
+#include "platform/PageAnchor.h"
 #include "platform/win32/ProgramFolder.h"
 #include "win32/WaitFor.h"
 #include "win32/platform/ThreadDialogs.h"
 
 namespace tessivo {
 namespace {
+
+/// For this process the registry's classes are the test's own: nothing opens anything unless it is
+/// said here.
+class OwnClasses {
+ public:
+  OwnClasses() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, kPath);
+    RegCreateKeyExW(HKEY_CURRENT_USER, kPath, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
+                    nullptr);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, key_);
+  }
+  ~OwnClasses() {
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegCloseKey(key_);
+    RegDeleteTreeW(HKEY_CURRENT_USER, kPath);
+  }
+  OwnClasses(const OwnClasses&) = delete;
+  OwnClasses& operator=(const OwnClasses&) = delete;
+
+  void openPagesWith(const std::string& program) {
+    set(L".htm", nullptr, L"OwnPage");
+    set(LR"(OwnPage\shell\open\command)", nullptr, command(program));
+  }
+  void openAddressesWith(const std::string& program) {
+    set(L"http", L"URL Protocol", L"");
+    set(LR"(http\shell\open\command)", nullptr, command(program));
+  }
+
+ private:
+  static constexpr const wchar_t* kPath = L"Software\\Tessivo tests\\shell classes";
+
+  static std::wstring command(const std::string& program) {
+    return toWide('"' + program + "\" -page \"%1\"");
+  }
+  void set(const wchar_t* key, const wchar_t* name, const std::wstring& text) {
+    RegSetKeyValueW(key_, key, name, REG_SZ, text.c_str(),
+                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+  }
+
+  HKEY key_ = nullptr;
+};
 
 class Win32ShellTest : public testing::Test {
  protected:
@@ -66,6 +108,67 @@ TEST_F(Win32ShellTest, AddressThatNobodyOpensIsLoggedAndShowsNothing) {
   EXPECT_EQ(boxesOfOpening("no-such-scheme:a@b.c"), 0);
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_TRUE(log.lines[0].starts_with("error cannot open no-such-scheme:a@b.c, shell code "));
+}
+
+class Win32ShellPageTest : public Win32ShellTest {
+ protected:
+  Win32ShellPageTest() : page(folder.file("a b 泰.htm")) {
+    std::ofstream(folder.path() / L"a b 泰.htm");
+  }
+  /// A program that notes how it was started.
+  std::string program(const std::string& name) const {
+    const std::string copy = folder.file(name + ".exe");
+    CopyFileW(toWide(programFolder() + R"(\stand_in_saver.exe)").c_str(), toWide(copy).c_str(),
+              TRUE);
+    return copy;
+  }
+  /// What the program of that name got after its own path; empty when it was not started.
+  std::string got(const std::string& name) const {
+    std::string line;
+    waitFor([&] {
+      std::ifstream file(folder.path() / (name + ".txt"), std::ios::binary);
+      return static_cast<bool>(std::getline(file, line));
+    });
+    const auto end = line.find(".exe\"");
+    return end == std::string::npos ? line : line.substr(end + 5);
+  }
+  OwnClasses classes;
+  std::string page;
+};
+
+TEST_F(Win32ShellPageTest, PageIsOpenedWithItsProgram) {
+  classes.openPagesWith(program("reader"));
+  shell.open(0, page, "");
+  EXPECT_EQ(got("reader"), " -page \"" + page + '"');
+}
+
+TEST_F(Win32ShellPageTest, BrowserGetsThePageWithItsAnchorAsAnAddress) {
+  classes.openPagesWith(program("browser"));
+  classes.openAddressesWith(folder.file("browser.exe"));
+  shell.open(0, page + "#Item3", "");
+  EXPECT_EQ(got("browser"), " \"" + addressOf({page, "Item3"}) + '"');
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(Win32ShellPageTest, OtherProgramGetsThePageWithoutTheAnchor) {
+  classes.openPagesWith(program("editor"));
+  classes.openAddressesWith(program("browser"));
+  shell.open(0, page + "#Item3", "");
+  EXPECT_EQ(got("editor"), " -page \"" + page + '"');
+  EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(Win32ShellPageTest, PageThatNobodyOpensIsLoggedWithItsAnchor) {
+  EXPECT_EQ(boxesOfOpening(page + "#Item3"), 0);
+  ASSERT_EQ(log.lines.size(), 1U);
+  EXPECT_TRUE(log.lines[0].starts_with("error cannot open " + page + "#Item3, shell code "));
+}
+
+TEST_F(Win32ShellPageTest, MissingPageIsLogged) {
+  classes.openPagesWith(program("browser"));
+  classes.openAddressesWith(folder.file("browser.exe"));
+  EXPECT_EQ(boxesOfOpening(folder.file("none.htm") + "#Item3"), 0);
+  ASSERT_EQ(log.lines.size(), 1U);
 }
 
 }  // namespace
