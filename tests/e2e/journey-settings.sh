@@ -110,9 +110,5 @@ player_start "$folder"
 player_wait 10 panel_is visible
 saving_and_cancelling
 of_a_screen_saver
-<<<<<<< HEAD
-=======
-help_from_everywhere
->>>>>>> d5ab799 (help: the help page with pictures, pages on the players; the settings dialog's help reaches its part in the user's browser)
 help_from_everywhere
 leaving_meanwhile
