@@ -380,6 +380,11 @@ TEST_F(FrmSysConfigTest, ADialogThatGoesMeanwhileReadsAndWritesNothing) {
   EXPECT_EQ(shell.changes, 0);
 }
 
+TEST_F(FrmSysConfigTest, OverAWindowThatStaysOnTopItDoesToo) {
+  owner.setTopmost(true);
+  showWhile([this] { EXPECT_TRUE(dialog.topmost()); });
+}
+
 TEST_F(FrmSysConfigTest, TheButtonsTickAllNoneAndWhatWasRead) {
   showWhile([this] {
     openAssociations();
@@ -436,11 +441,12 @@ TEST_F(FrmSysConfigTest, ARowThatIsMissingIsPassedOver) {
   showWhile([this] {
     openAssociations();
     dialog.lvFileAssociationList.remove(0);
-    world->click(dialog.cmdNoAssociaAll);
+    world->tickRow(dialog.lvFileAssociationList, 0);  // .mp3 now
     world->click(dialog.cmdSave);
     time.advance(1000);
   });
   EXPECT_EQ(registry.classValue(".avi"), "Tessivo.avi");
+  EXPECT_EQ(registry.classValue(".mp3"), "Tessivo.mp3");
 }
 
 TEST_F(FrmSysConfigTest, CancellingChangesNoAssociation) {
