@@ -132,7 +132,9 @@ class Controler {
   /// Shows the control panel where it is, in front, with the keyboard.
   void activateMainFace();
   /// Asks for the settings dialog.
-  void showConfigFace() { configFaceWanted.raise(); }
+  void showConfigFace() {
+    if (!exiting_) configFaceWanted.raise();
+  }
   /// Puts the control panel on the monitor under the pointer: where it is when it stands there
   /// already, else in the middle of that monitor's work area.
   void resetMainFrmPosiByMousePosi();

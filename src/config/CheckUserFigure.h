@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +17,9 @@ class CheckUserFigure {
   CheckUserFigure(const Accounts& accounts, Log& log) : accounts_(accounts), log_(log) {}
 
   /// Whether the user is a member of the local group "Administrators", by that name alone: where
-  /// the system's language gives the group another one, nobody is. The log says what decided.
+  /// the system's language gives the group another one, nobody is. The log says what decided, with
+  /// the system's answer and whether the process is elevated: one that is not is refused what its
+  /// user may do.
   bool boolUserBlongToAdminsGroup() const;
   /// The names of the user's groups: of this machine when `localGroups`, whatever the server, else
   /// of the server's domain. One empty text when there are none or they cannot be had.
@@ -25,6 +29,9 @@ class CheckUserFigure {
   std::string getCurrentUserName() const { return accounts_.currentUserName(); }
 
  private:
+  std::vector<std::string> groupsOf(const std::string& serverName, const std::string& userName,
+                                    bool localGroups, std::uint32_t& status) const;
+
   const Accounts& accounts_;
   Log& log_;
 };

@@ -49,6 +49,11 @@ bool FileAsoca::isOurs(const std::string& identifier) const {
   return toUpper(identifier) == toUpper(strAppIdKeyName);
 }
 
+std::optional<std::string> FileAsoca::owner() const {
+  std::string identifier;
+  return read(strAppAsocaKeyName, identifier) ? std::optional(identifier) : std::nullopt;
+}
+
 void FileAsoca::checkAssociationState() {
   boolAssociate_ = read(strAppAsocaKeyName, strCurrAppIdKeyName) && isOurs(strCurrAppIdKeyName);
 }
@@ -94,21 +99,23 @@ void FileAsoca::take() {
 void FileAsoca::handBack() {
   if (!isOurs(strCurrAppIdKeyName)) return;  // another program has taken it meanwhile
   const bool toOld = !isOurs(strOldAppIdKeyName) && exists(strOldAppIdKeyName);
-  boolAssociate_ = !(toOld ? giveExtensionTo(strOldAppIdKeyName) : restoreFallBack());
+  boolAssociate_ =
+      !(toOld ? giveExtensionTo(strOldAppIdKeyName) : restoreFallBack() == FallBack::given);
 }
 
-bool FileAsoca::restoreFallBack() {
+/// The first usable one it is, also when the registry refuses it.
+FileAsoca::FallBack FileAsoca::restoreFallBack() {
   for (const std::string& identifier : {strDefaultAppIdKeyName1, strDefaultAppIdKeyName2}) {
     if (!exists(identifier)) continue;
-    if (!giveExtensionTo(identifier)) return false;
+    if (!giveExtensionTo(identifier)) return FallBack::refused;
     strOldAppIdKeyName = identifier;
-    return true;
+    return FallBack::given;
   }
-  return false;
+  return FallBack::noneUsable;
 }
 
 void FileAsoca::clearExtension() {
-  if (!restoreFallBack()) write(strAppAsocaKeyName, "");
+  if (restoreFallBack() == FallBack::noneUsable) write(strAppAsocaKeyName, "");
 }
 
 void FileAsoca::deleteAssociationKeyFromReg() {
@@ -151,6 +158,7 @@ void FileAsoca::saveOldAppIdKeyNameToDB() const {
         "select * from file_association where app_association='" + strAppAsocaKeyName + "'",
         strConfigFilePath, errorText);
     if (!row || row->bof() || row->eof()) return;
+    if (asText(row->value("old_app_id")) == strOldAppIdKeyName) return;
     row->setValue("old_app_id", Value(strOldAppIdKeyName));
     row->update();
     row->close();

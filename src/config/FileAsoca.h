@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "config/RegAccess.h"
@@ -37,6 +38,9 @@ class FileAsoca {
   /// Whether the extension belongs to this program, as last read or set.
   bool boolAssociate() const { return boolAssociate_; }
 
+  /// Who has the extension now; nothing when nobody has (its default value cannot be read). Changes
+  /// no field.
+  std::optional<std::string> owner() const;
   /// Reads who has the extension.
   void checkAssociationState();
   /// Registers the type: an extension that nobody has is taken, one of another program left.
@@ -46,10 +50,13 @@ class FileAsoca {
   void setAssociationState(bool state);
   /// Hands the extension back and removes what this program registered for the type.
   void deleteAssociationKeyFromReg();
-  /// Keeps `strOldAppIdKeyName` in the database. An extension with a single quote is not found.
+  /// Keeps `strOldAppIdKeyName` in the database, which is not written when it is there already. An
+  /// extension with a single quote is not found.
   void saveOldAppIdKeyNameToDB() const;
 
  private:
+  enum class FallBack { given, refused, noneUsable };
+
   bool read(const std::string& key, std::string& value) const;
   bool write(const std::string& key, const std::string& value);
   void remove(const std::string& key);
@@ -60,7 +67,7 @@ class FileAsoca {
   void handBack();
   void writeIdKeys();
   void deleteIdKeys();
-  bool restoreFallBack();
+  FallBack restoreFallBack();
   void clearExtension();
 
   Registry& registry_;

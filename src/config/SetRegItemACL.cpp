@@ -23,13 +23,20 @@ void SetRegItemACL::pSetKeyAccess(RegistryRoot rootKey, const std::string& subKe
                                   const std::string& accountName, std::uint32_t accessMask,
                                   bool& result) {
   result = false;
+  strDiagnostic_.clear();
   Bytes account;
   if (security_.accountIdentifierOf(accountName, account) != 0) return;
   KeySecurity::Key key = 0;
   if (security_.open(rootKey, subKey, kAllAccess, key) != 0) return;
   std::optional<AccessList> old;
   if (!readList(key, old)) return;  // the key stays open
-  result = old->entries.empty() || replaceList(key, *old, account, accessMask);
+  if (!old->entries.empty()) {
+    Bytes list;
+    if (!makeList(*old, account, accessMask, list)) return;  // and here
+    result = writeList(key, list);
+  } else {
+    result = true;
+  }
   security_.close(key);
 }
 
@@ -44,17 +51,19 @@ bool SetRegItemACL::readList(KeySecurity::Key key, std::optional<AccessList>& li
   return error == 0 && security_.listOf(descriptor, list) == 0 && list.has_value();
 }
 
-bool SetRegItemACL::replaceList(KeySecurity::Key key, const AccessList& old, const Bytes& account,
-                                std::uint32_t accessMask) {
+bool SetRegItemACL::makeList(const AccessList& old, const Bytes& account, std::uint32_t accessMask,
+                             Bytes& list) const {
   std::vector<AccessEntry> kept = old.entries;
   std::erase_if(kept, [&](const auto& entry) { return entry.accountIdentifier == account; });
   const std::uint32_t size = old.bytesInUse +
                              2 * (static_cast<std::uint32_t>(account.size()) + kEntryBytes) -
                              kCountedTwice;
-  Bytes list;
-  if (security_.makeList(size, kept, accessMask, account, list) != 0) return false;
+  return security_.makeList(size, kept, accessMask, account, list) == 0;
+}
+
+bool SetRegItemACL::writeList(KeySecurity::Key key, const Bytes& list) {
   const std::uint32_t error = security_.writeList(key, list);
-  strDiagnostic_ = error == 0 ? "" : diagnosticOf(error, "RegSetKeySecurity");
+  if (error != 0) strDiagnostic_ = diagnosticOf(error, "RegSetKeySecurity");
   return error == 0;
 }
 

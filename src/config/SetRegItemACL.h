@@ -17,13 +17,14 @@ class SetRegItemACL {
   /// key whose list is empty is left as it is, which counts as success.
   void pSetKeyAccess(RegistryRoot rootKey, const std::string& subKey,
                      const std::string& accountName, std::uint32_t accessMask, bool& result);
-  /// What the system said when it refused the new list; empty before.
+  /// What the system said when it refused the new list in the last call; empty when it did not.
   const std::string& strDiagnostic() const { return strDiagnostic_; }
 
  private:
   bool readList(KeySecurity::Key key, std::optional<AccessList>& list) const;
-  bool replaceList(KeySecurity::Key key, const AccessList& old, const Bytes& account,
-                   std::uint32_t accessMask);
+  bool makeList(const AccessList& old, const Bytes& account, std::uint32_t accessMask,
+                Bytes& list) const;
+  bool writeList(KeySecurity::Key key, const Bytes& list);
   std::string diagnosticOf(std::uint32_t error, const std::string& apiName) const;
 
   KeySecurity& security_;

@@ -1,5 +1,8 @@
 #include "config/frmSysConfig.h"
 
+#include <initializer_list>
+#include <utility>
+
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "config/CheckUserFigure.h"
@@ -19,6 +22,9 @@ constexpr int kAssociationsTab = 2;
 constexpr ui::Colour kNoteColour = 0xB00020;
 constexpr ui::Colour kHeadingColour = 0x1F4E8C;
 constexpr ui::Colour kWaitColour = 0xFFF8DC;
+constexpr ui::Colour kWaitTextColour = 0x000000;
+constexpr ui::KeyCode kTab = 9;
+constexpr ui::KeyCode kEnter = 13;
 constexpr ui::KeyCode kEscape = 27;
 constexpr ui::KeyCode kF1 = 112;
 
@@ -40,17 +46,20 @@ constexpr std::int32_t kWideButtonWidth = 1500;
 constexpr std::int32_t kLabelWidth = 1500;
 constexpr std::int32_t kNameWidth = 2400;
 constexpr std::int32_t kMinutesWidth = 1050;
-constexpr std::int32_t kTickColumn = 375;
-constexpr std::int32_t kTypeColumn = 1200;
-constexpr std::int32_t kScrollBar = 330;  // with the list's edges
+constexpr std::int32_t kTypeColumn = 1575;  // with the box
+constexpr std::int32_t kScrollBar = 330;    // with the list's edges
 /// To the right edge.
-constexpr std::int32_t kDescriptionColumn =
-    kInnerWidth - 2 * kMargin - kTickColumn - kTypeColumn - kScrollBar;
+constexpr std::int32_t kDescriptionColumn = kInnerWidth - 2 * kMargin - kTypeColumn - kScrollBar;
 constexpr std::int32_t kNoteWidth = 4200;
 constexpr std::int32_t kNoteHeight = 900;
 
-std::int32_t half(std::int32_t twips) {
-  return roundedToInt32(twips / 2.0).value_or(0);
+std::int32_t middleOf(std::int32_t from, std::int32_t size) {
+  return roundedToInt32(from + size / 2.0).value_or(0);
+}
+
+/// What kind of thing the keyboard is on decides what Enter means.
+bool isButton(const ui::Control* control) {
+  return dynamic_cast<const ui::Button*>(control) != nullptr;
 }
 
 /// The entry of that text; -1 when there is none.
@@ -84,8 +93,8 @@ frmSysConfig::frmSysConfig(const SysConfigServices& services, TwipsPerPixel twip
       Picture2(this, "Picture2"),
       lvFileAssociationList(&Picture2, "lvFileAssociationList"),
       cmdAssociaAll(&Picture2, "cmdAssociaAll", "全部关联(&A)"),
-      cmdNoAssociaAll(&Picture2, "cmdNoAssociaAll", "全部取消(&U)"),
-      cmdAssociaDefault(&Picture2, "cmdAssociaDefault", "恢复(&R)"),
+      cmdNoAssociaAll(&Picture2, "cmdNoAssociaAll", "全部不关联(&U)"),
+      cmdAssociaDefault(&Picture2, "cmdAssociaDefault", "还原(&R)"),
       labFigureNote(&Picture2, "labFigureNote", "只有管理员可以更改文件关联。"),
       picNote1(this, "picNote1"),
       labNote1(&picNote1, "labNote1", kReading),
@@ -110,7 +119,6 @@ frmSysConfig::frmSysConfig(const SysConfigServices& services, TwipsPerPixel twip
   cmbScrSavProcName.setAccessibleName("屏保程序");
   cmbRunScrSavDelayMinute.setAccessibleName("等待时间(分钟)");
   lvFileAssociationList.setAccessibleName("文件关联");
-  lvFileAssociationList.addColumn("", kTickColumn);
   lvFileAssociationList.addColumn("类型", kTypeColumn);
   lvFileAssociationList.addColumn("说明", kDescriptionColumn);
   lvFileAssociationList.setHasCheckBoxes(true);
@@ -119,6 +127,7 @@ frmSysConfig::frmSysConfig(const SysConfigServices& services, TwipsPerPixel twip
   picNote1.setBorder(true);
   picNote1.setColours(std::nullopt, kWaitColour);
   picNote1.setVisible(false);
+  labNote1.setColours(kWaitTextColour, kWaitColour);
   labNote1.setAlignment(ui::Alignment::centre);
   listen();
 }
@@ -137,6 +146,8 @@ void frmSysConfig::listen() {
   onKey.listen([this](ui::KeyPress& press) { takeKey(press); });
   onUnload.listen([this] {
     timGetAssociaInfoFromReg.setEnabled(false);
+    // The program leaves during the wait note: the user has saved.
+    if (timSaveAssociaInfoToRegAndDb.enabled()) applyTicks();
     timSaveAssociaInfoToRegAndDb.setEnabled(false);
   });
   sstTab.onClick.listen([this] { showTab(); });
@@ -155,9 +166,22 @@ void frmSysConfig::listen() {
 }
 
 void frmSysConfig::takeKey(ui::KeyPress& press) {
-  press.handled = press.code == kEscape || press.code == kF1;
+  press.handled = true;
   if (press.code == kEscape) return close();
-  if (press.code == kF1) cmdHelp.click();
+  if (press.code == kF1) return cmdHelp.click();
+  if (press.code == kTab && press.control) return changeTab();
+  if (press.code == kEnter && !isButton(press.focus)) {
+    if (!press.repeated) cmdSave.click();
+    return;
+  }
+  press.handled = false;
+}
+
+/// The keyboard goes along: what had it may be hidden now.
+void frmSysConfig::changeTab() {
+  if (!sstTab.enabled()) return;
+  sstTab.choose(sstTab.selected() == kSettingsTab ? kAssociationsTab : kSettingsTab);
+  sstTab.setFocus();
 }
 
 void frmSysConfig::showOver(ui::Toolkit& toolkit, ui::Form& owner) {
@@ -184,16 +208,19 @@ void frmSysConfig::setFaceItemByData() {
   chkOnPlayErrContinuePlay.setChecked(config.boolPlayNextOnErr());
   chkSavePlayList.setChecked(config.boolSavePlayList());
   chkOpenScrSav.setChecked(config.boolScreenSaver());
+  cmbRunScrSavDelayMinute.clear();
   for (std::int32_t minutes = 1; minutes <= kLongestDelay; ++minutes) {
     cmbRunScrSavDelayMinute.addItem(std::to_string(minutes), minutes);
   }
   cmbRunScrSavDelayMinute.setListIndex(
       entryOf(cmbRunScrSavDelayMinute, std::to_string(config.lngSSDelayMinute())));
+  cmbScrSavProcName.clear();
   std::int32_t number = 0;
   for (const std::string& name : host_.screenSaverNames()) {
     cmbScrSavProcName.addItem(name, ++number);
   }
-  cmbScrSavProcName.setListIndex(entryOf(cmbScrSavProcName, config.strScrSavProcName()));
+  firstScreenSaver_ = entryOf(cmbScrSavProcName, config.strScrSavProcName());
+  cmbScrSavProcName.setListIndex(firstScreenSaver_);
   enableScreenSaver();
 }
 
@@ -213,7 +240,7 @@ std::string frmSysConfig::chosenScreenSaver() const {
 void frmSysConfig::configureScreenSaver() {
   const std::string name = chosenScreenSaver();
   if (trim(name).empty()) return;
-  host_.showScreenSaverSettings(*this, name, left() + half(width()), top() + half(height()));
+  host_.showScreenSaverSettings(*this, name, middleOf(left(), width()), middleOf(top(), height()));
 }
 
 void frmSysConfig::previewScreenSaver() {
@@ -280,9 +307,10 @@ void frmSysConfig::getAssociaInfoFromReg() {
     const FileAsoca& type = *associations_.objGetAFileAsocaObjByIndex(i);
     lvFileAssociationList.append({type.strAppAsocaKeyName,
                                   "",
-                                  {type.strAppAsocaKeyName, type.strDescriptionInfo},
+                                  {type.strDescriptionInfo},
                                   false,
-                                  type.boolAssociate()});
+                                  type.boolAssociate(),
+                                  type.strAppAsocaKeyName});
   }
 }
 
@@ -292,24 +320,29 @@ void frmSysConfig::keepTick(int row) {
 }
 
 /// What is not among the entries (a program that is gone, a delay out of their range) stays as it
-/// was.
+/// was, and so does a program's name whose entry the user leaves chosen: they may differ by case.
 RunParameter frmSysConfig::parameter() const {
   const SysConfig& config = host_.config();
-  const bool hasDelay = cmbRunScrSavDelayMinute.listIndex() >= 0;
+  const int delay = cmbRunScrSavDelayMinute.listIndex();
+  const bool newProgram = cmbScrSavProcName.listIndex() != firstScreenSaver_;
   return {chkOnPlayErrContinuePlay.checked(),
           chkOnPlayErrShowMainFace.checked(),
           chkSavePlayList.checked(),
           chkOpenScrSav.checked(),
-          hasDelay ? cmbRunScrSavDelayMinute.listIndex() + 1 : config.lngSSDelayMinute(),
-          cmbScrSavProcName.listIndex() >= 0 ? chosenScreenSaver() : config.strScrSavProcName()};
+          delay >= 0 ? cmbRunScrSavDelayMinute.items()[static_cast<std::size_t>(delay)].data
+                     : config.lngSSDelayMinute(),
+          newProgram ? chosenScreenSaver() : config.strScrSavProcName()};
 }
 
 void frmSysConfig::save() {
   host_.saveRunPram(parameter());
   if (!associationsLoaded_ || !userIsAdministrator_) return unload();
+  // Away from the pages: keys would still reach what has the keyboard there.
+  cmdHelp.setFocus();
   cmdSave.setEnabled(false);
   cmdCancel.setEnabled(false);
   enableAssociationButtons(false);
+  enablePages(false);
   labNote1.setCaption(kSaving);
   showWaitNote(true);
   timSaveAssociaInfoToRegAndDb.setEnabled(true);
@@ -318,20 +351,57 @@ void frmSysConfig::save() {
 void frmSysConfig::saveAssociations() {
   timSaveAssociaInfoToRegAndDb.setEnabled(false);
   setPointerShape(ui::PointerShape::busy);
-  for (std::int32_t i = 1; i <= associations_.lngGetListCount(); ++i) {
-    FileAsoca& type = *associations_.objGetAFileAsocaObjByIndex(i);
-    const int row = lvFileAssociationList.indexOf(type.strAppAsocaKeyName);
-    if (row < 0) continue;
-    type.setAssociationState(lvFileAssociationList.row(row).checked);
-    type.saveOldAppIdKeyNameToDB();
-  }
-  services_.shell.associationsChanged();
+  applyTicks();
+  enablePages(true);
   enableAssociationButtons(true);
   cmdSave.setEnabled(true);
   cmdCancel.setEnabled(true);
   setPointerShape(ui::PointerShape::standard);
   showWaitNote(false);
   unload();
+}
+
+void frmSysConfig::applyTicks() {
+  int changed = 0;
+  int refused = 0;
+  for (std::int32_t i = 1; i <= associations_.lngGetListCount(); ++i) {
+    FileAsoca& type = *associations_.objGetAFileAsocaObjByIndex(i);
+    const int row = lvFileAssociationList.indexOf(type.strAppAsocaKeyName);
+    if (row < 0) continue;
+    const bool ticked = lvFileAssociationList.row(row).checked;
+    if (applyTick(type, ticked)) ++changed;
+    if (type.boolAssociate() == ticked) continue;
+    ++refused;
+    logRefused(type, ticked);
+  }
+  services_.log.info("file associations saved: " + std::to_string(changed) + " changed, " +
+                     std::to_string(refused) + " not as ticked");
+  if (changed > 0) services_.shell.associationsChanged();
+}
+
+/// Whether the extension has another owner afterwards. Taking an extension that nobody has writes
+/// no keys of the type, and switching it off takes it: so the type is registered first when it is
+/// ticked, and one that the user has not touched is left alone. The type is not registered when
+/// somebody has the extension: whoever had it before would be forgotten.
+bool frmSysConfig::applyTick(FileAsoca& type, bool ticked) {
+  const auto before = type.owner();
+  if (!before && ticked == type.boolAssociate()) return false;
+  if (!before && ticked) type.InitializeRegistry();
+  type.setAssociationState(ticked);
+  type.saveOldAppIdKeyNameToDB();
+  return type.owner() != before;
+}
+
+void frmSysConfig::logRefused(const FileAsoca& type, bool ticked) const {
+  services_.log.error("file type " + type.strAppAsocaKeyName +
+                      (ticked ? " could not be associated" : " could not be handed back") +
+                      ", it belongs to \"" + type.owner().value_or("") + "\"");
+}
+
+void frmSysConfig::enablePages(bool enabled) {
+  for (ui::Control* part : std::initializer_list<ui::Control*>{&sstTab, &Picture1, &Picture2}) {
+    part->setEnabled(enabled);
+  }
 }
 
 void frmSysConfig::layOut() {

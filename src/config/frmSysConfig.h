@@ -45,7 +45,9 @@ struct SysConfigServices {
 /// The settings dialog: what happens at an error, the screen saver, and on a second tab the file
 /// associations, which are read when that tab is first shown and written when the dialog is saved,
 /// each a second later, so that a wait note is to be seen meanwhile. Only administrators change
-/// associations. What the user does not touch stays as it is.
+/// associations. What the user does not touch stays as it is, an extension without an owner too: it
+/// is registered when it is ticked, and left alone when its tick is as it was read. What was saved
+/// is carried out also when the dialog has to go during the wait note.
 class frmSysConfig final : public ui::Form {
  public:
   frmSysConfig(const SysConfigServices& services, TwipsPerPixel twipsPerPixel, SysConfigHost& host);
@@ -95,6 +97,7 @@ class frmSysConfig final : public ui::Form {
   void load();
   void listen();
   void takeKey(ui::KeyPress& press);
+  void changeTab();
   void layOut();
   void layOutFirstPage(std::int32_t width);
   void layOutSecondPage(std::int32_t width, std::int32_t height);
@@ -111,6 +114,10 @@ class frmSysConfig final : public ui::Form {
   void save();
   void readAssociations();
   void saveAssociations();
+  void applyTicks();
+  bool applyTick(FileAsoca& type, bool ticked);
+  void logRefused(const FileAsoca& type, bool ticked) const;
+  void enablePages(bool enabled);
   void keepTick(int row);
 
   SysConfigServices services_;
@@ -118,6 +125,7 @@ class frmSysConfig final : public ui::Form {
   bool firstLayout_ = true;
   bool associationsLoaded_ = false;
   bool userIsAdministrator_ = false;
+  int firstScreenSaver_ = -1;  ///< the entry that the stored name was shown as
   FileAsocaList associations_;
 };
 

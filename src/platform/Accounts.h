@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ class Accounts {
   /// The same for the groups of a domain.
   virtual std::uint32_t globalGroupsOf(const std::string& server, const std::string& user,
                                        std::vector<std::string>& groups) const = 0;
+  /// Whether the process has the administrator's full rights ("run as administrator"), which
+  /// membership in the group alone does not give. Nothing when the system does not tell.
+  virtual std::optional<bool> processIsElevated() const = 0;
 };
 
 }  // namespace tessivo

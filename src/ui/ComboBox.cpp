@@ -9,6 +9,12 @@ void ComboBox::addItem(std::string text, std::int32_t data) {
   changed(Aspect::items);
 }
 
+void ComboBox::clear() {
+  items_.clear();
+  listIndex_ = -1;
+  changed(Aspect::items);
+}
+
 void ComboBox::setListIndex(int index) {
   if (index < 0 || index >= static_cast<int>(items_.size())) index = -1;
   if (listIndex_ == index) return;

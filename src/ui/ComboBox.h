@@ -14,6 +14,8 @@ class ComboBox : public Control {
   };
 
   void addItem(std::string text, std::int32_t data);
+  /// Takes all entries away.
+  void clear();
   const std::vector<Item>& items() const { return items_; }
   /// Index of the chosen entry from 0; -1 when none is.
   int listIndex() const { return listIndex_; }

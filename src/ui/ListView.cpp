@@ -1,8 +1,22 @@
 #include "ui/ListView.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace tessivo::ui {
+namespace {
+
+/// `upperText` is in upper case already.
+bool beginsWith(const std::string& title, std::string_view upperText) {
+  const std::string upper = toUpper(title);
+  return upper.starts_with(upperText) ||
+         (upper.starts_with('.') && upper.substr(1).starts_with(upperText));
+}
+
+}  // namespace
 
 int ListView::rowCount() const {
   return static_cast<int>(rows_.size());
@@ -19,6 +33,16 @@ ListRow& ListView::rowToChange(int index) {
 int ListView::indexOf(const std::string& key) const {
   const auto index = rows_.indexOfKey(key);
   return index ? static_cast<int>(*index) : -1;
+}
+
+int ListView::findTitle(const std::string& text, int from) const {
+  const std::string wanted = toUpper(text);
+  if (wanted.empty()) return -1;
+  for (int i = 0, rows = rowCount(); i < rows; ++i) {
+    const int index = (std::max(from, 0) + i) % rows;
+    if (beginsWith(row(index).title, wanted)) return index;
+  }
+  return -1;
 }
 
 int ListView::append(ListRow row) {

@@ -7,13 +7,15 @@
 
 namespace tessivo::ui {
 
-/// A row of a list view: the first column's text is empty, `subItems` are the columns after it.
+/// A row of a list view: `title` is the first column's text, by which typing finds the row and
+/// screen readers name it; `subItems` are the columns after it.
 struct ListRow {
   std::string key;
   std::string tag;
   std::vector<std::string> subItems;
   bool bold = false;
   bool checked = false;
+  std::string title{};
 };
 
 /// What a list view's peer follows beyond the common aspects. Row numbers count from 0.
@@ -68,6 +70,10 @@ class ListView : public Control {
   }
   /// Row number of a key (its first row's, ASCII letters in any case); -1 when no row has it.
   int indexOf(const std::string& key) const;
+
+  /// The first row from `from` on, going round at the end, whose title begins with the text, ASCII
+  /// letters in any case; a title's leading dot may be left out. -1 when there is none.
+  int findTitle(const std::string& text, int from) const;
 
   int append(ListRow row);
   void remove(int index);

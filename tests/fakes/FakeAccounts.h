@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +25,9 @@ struct FakeAccounts : Accounts {
     return error;
   }
 
+  std::optional<bool> processIsElevated() const override { return elevated; }
+
+  std::optional<bool> elevated = true;
   std::string user = std::string("operator\0", 9);
   std::vector<std::string> local;
   std::vector<std::string> global;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -29,6 +30,7 @@ struct FakeRegistry : Registry {
   std::uint32_t write(RegistryRoot root, const std::string& key, const std::string& name,
                       const std::string& value) override {
     if (const auto error = begin()) return error;
+    if (refusesWrites) return kDenied;
     put(root, key, name, value);
     return 0;
   }
@@ -81,13 +83,19 @@ struct FakeRegistry : Registry {
   mutable int calls = 0;
   int failAt = 0;  ///< the number of the call that fails, from 1; 0: none; -1: all
 
+  bool refusesWrites = false;        ///< as the system does to whom it has not elevated
+  std::function<void()> whenCalled;  ///< before each call
+
   static std::string upper(const std::string& text) { return toUpper(text); }
 
  private:
   static std::string place(RegistryRoot root, const std::string& key) {
     return std::to_string(static_cast<int>(root)) + '\\' + toUpper(key);
   }
-  std::uint32_t begin() const { return ++calls == failAt || failAt < 0 ? kDenied : 0; }
+  std::uint32_t begin() const {
+    if (whenCalled) whenCalled();
+    return ++calls == failAt || failAt < 0 ? kDenied : 0;
+  }
 };
 
 }  // namespace tessivo

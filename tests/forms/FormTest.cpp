@@ -137,6 +137,17 @@ TEST_F(FormTest, ComboBoxShowsEntriesAndTheChosenOne) {
   EXPECT_EQ(world->chosenEntry(form.comboRule), -1);
 }
 
+TEST_F(FormTest, AClearedComboBoxIsFilledAnew) {
+  form.comboRule.setListIndex(1);
+  form.comboRule.clear();
+  EXPECT_EQ(world->entryCount(form.comboRule), 0);
+  EXPECT_EQ(world->chosenEntry(form.comboRule), -1);
+  form.comboRule.addItem("one", 1);
+  form.comboRule.setListIndex(0);
+  EXPECT_EQ(world->entryCount(form.comboRule), 1);
+  EXPECT_EQ(world->chosenEntry(form.comboRule), 0);
+}
+
 TEST_F(FormTest, ChoosingAnEntryRaisesClick) {
   form.comboRule.onClick.listen(
       [this] { form.steps.push_back(std::to_string(form.comboRule.listIndex())); });
@@ -180,6 +191,12 @@ TEST_F(FormTest, RowsAreShownWithTheirCells) {
   EXPECT_EQ(world->cell(form.lvRows, 1, 0), "");
   EXPECT_EQ(world->cell(form.lvRows, 1, 1), "片1.avi");
   EXPECT_EQ(world->cell(form.lvRows, 1, 2), "C:\\1");
+}
+
+TEST_F(FormTest, ATitleIsTheTextOfTheFirstColumn) {
+  form.lvRows.append({"k", "", {"second"}, false, false, ".mp3"});
+  EXPECT_EQ(world->cell(form.lvRows, 0, 0), ".mp3");
+  EXPECT_EQ(world->cell(form.lvRows, 0, 1), "second");
 }
 
 TEST_F(FormTest, RemovedRowsGo) {

@@ -263,15 +263,15 @@ PanelList typesOfDialog() {
 void printTypes() {
   const PanelList types = typesOfDialog();
   for (int row = 0, rows = types.rowCount(); row < rows; ++row) {
-    std::printf("%s %s %s\n", yesOrNo(types.isTicked(row)), types.cell(row, 1).c_str(),
-                types.cell(row, 2).c_str());
+    std::printf("%s %s %s\n", yesOrNo(types.isTicked(row)), types.cell(row, 0).c_str(),
+                types.cell(row, 1).c_str());
   }
 }
 
 void printTypeAt(const std::string& type) {
   const PanelList types = typesOfDialog();
   int row = 0;
-  while (row < types.rowCount() && types.cell(row, 1) != type) ++row;
+  while (row < types.rowCount() && types.cell(row, 0) != type) ++row;
   if (row == types.rowCount()) fail("no file type " + type);
   types.scrollTo(row);
   const RECT rect = types.cellRect(row, 0);

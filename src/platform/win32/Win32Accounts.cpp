@@ -67,4 +67,14 @@ std::uint32_t Win32Accounts::globalGroupsOf(const std::string& server, const std
       status, buffer, count, [](const auto& entry) { return entry.grui0_name; }, groups);
 }
 
+std::optional<bool> Win32Accounts::processIsElevated() const {
+  HANDLE token = nullptr;
+  if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) return std::nullopt;
+  TOKEN_ELEVATION elevation{};
+  DWORD size = sizeof elevation;
+  const bool told = GetTokenInformation(token, TokenElevation, &elevation, size, &size) != FALSE;
+  CloseHandle(token);
+  return told ? std::optional(elevation.TokenIsElevated != 0) : std::nullopt;
+}
+
 }  // namespace tessivo

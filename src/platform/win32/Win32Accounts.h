@@ -11,6 +11,7 @@ class Win32Accounts : public Accounts {
                               std::vector<std::string>& groups) const override;
   std::uint32_t globalGroupsOf(const std::string& server, const std::string& user,
                                std::vector<std::string>& groups) const override;
+  std::optional<bool> processIsElevated() const override;
 };
 
 }  // namespace tessivo

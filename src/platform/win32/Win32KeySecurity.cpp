@@ -129,8 +129,9 @@ std::uint32_t Win32KeySecurity::writeList(Key key, const Bytes& list) {
 
 std::string Win32KeySecurity::messageOf(std::uint32_t error) const {
   std::array<wchar_t, kMessageSize> text{};
-  const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, error, 0, text.data(),
-                                      static_cast<DWORD>(text.size()), nullptr);
+  const DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                     text.data(), static_cast<DWORD>(text.size()), nullptr);
   return fromWide({text.data(), length});
 }
 

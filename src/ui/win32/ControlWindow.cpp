@@ -121,8 +121,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 HBRUSH ControlWindow::onColour(HDC dc) {
   const COLORREF back = backColourOf(model_);
-  const auto fore = model_.foreColour();
-  SetTextColor(dc, fore ? toColorRef(*fore) : GetSysColor(COLOR_BTNTEXT));
+  SetTextColor(dc, textColourOf(model_, GetSysColor(COLOR_BTNTEXT)));
   SetBkColor(dc, back);
   return context_->brush(back);
 }

@@ -72,15 +72,37 @@ void FormContext::setToolTip(HWND control, const std::string& text) {
   if (!text.empty()) send(TTM_ADDTOOLW);
 }
 
+namespace {
+
+/// What the program itself has put behind a control.
+std::optional<Colour> ownBackColourOf(const Control& control) {
+  for (const Control* at = &control; at; at = at->parent()) {
+    if (at->backColour()) return at->backColour();
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 COLORREF toColorRef(Colour colour) {
   return RGB((colour >> 16) & 0xFF, (colour >> 8) & 0xFF, colour & 0xFF);
 }
 
 COLORREF backColourOf(const Control& control) {
-  for (const Control* at = &control; at; at = at->parent()) {
-    if (at->backColour()) return toColorRef(*at->backColour());
-  }
-  return GetSysColor(COLOR_BTNFACE);
+  const auto own = ownBackColourOf(control);
+  return own ? toColorRef(*own) : GetSysColor(COLOR_BTNFACE);
+}
+
+bool highContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+COLORREF textColourOf(const Control& control, COLORREF standard, bool strong) {
+  const auto own = control.foreColour();
+  return own && (!strong || ownBackColourOf(control)) ? toColorRef(*own) : standard;
 }
 
 Rect toPixels(const Rect& twips, TwipsPerPixel perPixel) {

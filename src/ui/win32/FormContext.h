@@ -77,6 +77,12 @@ COLORREF toColorRef(Colour colour);
 /// The colour behind a control: its own, else that of the nearest container that has one, else the
 /// system's.
 COLORREF backColourOf(const Control& control);
+/// Whether the user has the system show everything in strong contrast.
+bool highContrast();
+/// The colour of a control's text: its own, else `standard`. In high contrast its own counts only
+/// together with a background of the program's: on the system's background only the system's text
+/// can be read for sure.
+COLORREF textColourOf(const Control& control, COLORREF standard, bool strong = highContrast());
 
 /// Rectangles of models and of windows.
 Rect toPixels(const Rect& twips, TwipsPerPixel perPixel);

@@ -30,9 +30,10 @@ void Win32ComboBox::apply(Aspect aspect) {
   }
 }
 
-/// Entries only ever come at the end.
+/// Entries only ever come at the end, or all go.
 void Win32ComboBox::addNewItems() {
   const auto& items = model_.items();
+  if (items.empty()) send(CB_RESETCONTENT);
   for (auto i = static_cast<std::size_t>(send(CB_GETCOUNT)); i < items.size(); ++i) {
     const std::wstring text = toWide(items[i].text);
     if (send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())) < 0) return;

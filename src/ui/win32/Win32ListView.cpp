@@ -13,6 +13,7 @@ constexpr UINT kUnticked = 1;  ///< the system's numbers of the two state pictur
 constexpr UINT kTicked = 2;
 
 std::string cellOf(const ListRow& row, int column) {
+  if (column == 0) return row.title;
   const auto index = static_cast<std::size_t>(column) - 1;
   return column > 0 && index < row.subItems.size() ? row.subItems[index] : std::string();
 }
@@ -231,8 +232,9 @@ std::optional<LRESULT> Win32ListView::onNotify(NMHDR& header) {
       model_.clickRow(reinterpret_cast<const NMLISTVIEW&>(header).iItem);
       return 0;
     case LVN_ODFINDITEMW:
+      return find(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case LVN_ODFINDITEMA:
-      return -1;  // typing letters finds nothing: the first column has no text
+      return -1;
     case LVN_KEYDOWN:
       if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_SPACE) tickWithKey();
       return 0;
@@ -253,6 +255,12 @@ void Win32ListView::describe(LVITEMW& item) {
     item.state = (item.state & ~LVIS_STATEIMAGEMASK) |
                  INDEXTOSTATEIMAGEMASK(row.checked ? kTicked : kUnticked);
   }
+}
+
+/// What the user types, from the row after the one that the letters so far have found.
+LRESULT Win32ListView::find(const NMLVFINDITEMW& search) const {
+  if (!(search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !search.lvfi.psz) return -1;
+  return model_.findTitle(fromWide(search.lvfi.psz), search.iStart);
 }
 
 LRESULT Win32ListView::draw(NMLVCUSTOMDRAW& drawing) const {

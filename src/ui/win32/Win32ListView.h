@@ -40,6 +40,7 @@ class Win32ListView final : public ControlPeer<ListViewPeer> {
   void showSelection(int row);
   void setRowState(int row, UINT state);
   void describe(LVITEMW& item);
+  LRESULT find(const NMLVFINDITEMW& search) const;
   LRESULT draw(NMLVCUSTOMDRAW& drawing) const;
   void noteChange(const NMLISTVIEW& change);
   void click(const NMITEMACTIVATE& where, bool isDouble);

@@ -38,8 +38,7 @@ void Win32TextBox::onCommand(WORD code) {
 HBRUSH Win32TextBox::onColour(HDC dc) {
   const auto standard = GetSysColor(model_.readOnly() ? COLOR_BTNFACE : COLOR_WINDOW);
   const COLORREF back = model_.backColour() ? toColorRef(*model_.backColour()) : standard;
-  const auto fore = model_.foreColour();
-  SetTextColor(dc, fore ? toColorRef(*fore) : GetSysColor(COLOR_WINDOWTEXT));
+  SetTextColor(dc, textColourOf(model_, GetSysColor(COLOR_WINDOWTEXT)));
   SetBkColor(dc, back);
   return context().brush(back);
 }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/Rounding.h"
 #include "data/DataAccess.h"
 #include "fakes/EmptyDatabase.h"
 #include "fakes/FakeAccounts.h"
@@ -19,6 +18,8 @@
 namespace tessivo {
 namespace {
 
+constexpr ui::KeyCode kTab = 9;
+constexpr ui::KeyCode kEnter = 13;
 constexpr ui::KeyCode kEscape = 27;
 constexpr ui::KeyCode kF1 = 112;
 
@@ -38,12 +39,14 @@ struct FakeHost : SysConfigHost {
   void showScreenSaverSettings(ui::Form&, const std::string& name, std::int32_t left,
                                std::int32_t top) override {
     trace.add("settings of " + name + " at " + std::to_string(left) + ',' + std::to_string(top));
+    if (whileSettings) whileSettings();
   }
 
   Trace& trace;
   SysConfig settings;
   std::vector<std::string> names{"时钟", "图片欣赏"};
   RunParameter saved;
+  std::function<void()> whileSettings;  ///< while a program's settings are open
 };
 
 class FrmSysConfigTest : public testing::Test {
@@ -76,6 +79,16 @@ class FrmSysConfigTest : public testing::Test {
     rows->setValue("old_app_id", Value(std::string("Other")));
     rows->update();
   }
+  void addConfiguration() const {
+    const auto rows =
+        DataAccess().objrsGetRecordSet("select * from file_association_config", database);
+    rows->addNew();
+    rows->setValue("main_app_file_name", Value(std::string("Tessivo.exe")));
+    rows->setValue("main_default_ico_file_name", Value(std::string("Media.ico")));
+    rows->setValue("menu_handler_guid", Value(std::string("{1-2}")));
+    rows->setValue("menu_handler_name", Value(std::string("Menu")));
+    rows->update();
+  }
   std::string oldIds() const {
     std::string all;
     const auto rows = DataAccess().objrsGetRecordSet(
@@ -97,6 +110,16 @@ class FrmSysConfigTest : public testing::Test {
       all += world->isTicked(dialog.lvFileAssociationList, row) ? '1' : '0';
     }
     return all;
+  }
+  /// With the second tab, and what the user does there.
+  void saveAfter(const std::function<void()>& change) {
+    showWhile([this, change] {
+      openAssociations();
+      change();
+      world->click(dialog.cmdSave);
+      time.advance(1000);
+      EXPECT_FALSE(dialog.visible());
+    });
   }
   std::string enabledButtons() {
     std::string all;
@@ -121,6 +144,21 @@ class FrmSysConfigTest : public testing::Test {
   frmSysConfig dialog{
       {world->toolkit(), time, shell, registry, accounts, log, database, "C:\\A B"}, {}, host};
 };
+
+TEST_F(FrmSysConfigTest, IsADialogOfFixedSizeInFrontOfItsOwner) {
+  owner.setTopmost(true);
+  showWhile([this] {
+    EXPECT_TRUE(dialog.controlBox());
+    EXPECT_FALSE(dialog.minButton());
+    EXPECT_FALSE(dialog.maxButton());
+    EXPECT_EQ(dialog.frameStyle() & ui::frame::kSizingFrame, 0U);
+    EXPECT_EQ(dialog.owner(), &owner);
+    EXPECT_TRUE(dialog.topmost());
+    EXPECT_TRUE(dialog.chkOnPlayErrContinuePlay.hasFocus());
+  });
+  owner.setTopmost(false);
+  showWhile([this] { EXPECT_FALSE(dialog.topmost()); });
+}
 
 // The first tab
 
@@ -198,13 +236,10 @@ TEST_F(FrmSysConfigTest, SwitchedOffAtFirstTheyAreOffAtFirst) {
 
 TEST_F(FrmSysConfigTest, TheProgramsSettingsOpenInTheMiddleOfTheDialog) {
   showWhile([this] {
-    dialog.setBounds({1500, 3000, dialog.width(), dialog.height()});
+    dialog.setBounds({1515, 3015, 7515, 6315});
     trace.take();
     world->click(dialog.cmdPramSet);
-    const auto half = [](std::int32_t twips) { return *roundedToInt32(twips / 2.0); };
-    EXPECT_EQ(trace.take(), "settings of 图片欣赏 at " +
-                                std::to_string(dialog.left() + half(dialog.width())) + ',' +
-                                std::to_string(dialog.top() + half(dialog.height())));
+    EXPECT_EQ(trace.take(), "settings of 图片欣赏 at 5272,6172");  // both of a half, to the even
   });
 }
 
@@ -232,7 +267,37 @@ TEST_F(FrmSysConfigTest, WithoutAChosenProgramThereIsNothingToSetOrPreview) {
   });
 }
 
+TEST_F(FrmSysConfigTest, ShownAgainItsListsHoldTheirEntriesOnce) {
+  for (int showing = 0; showing < 3; ++showing) {
+    showWhile([this] {
+      EXPECT_EQ(world->entryCount(dialog.cmbRunScrSavDelayMinute), 1500);
+      EXPECT_EQ(world->entryCount(dialog.cmbScrSavProcName), 2);
+      EXPECT_EQ(world->chosenEntry(dialog.cmbScrSavProcName), 1);
+      EXPECT_EQ(world->chosenEntry(dialog.cmbRunScrSavDelayMinute), 11);
+      world->click(dialog.cmdSave);
+    });
+    EXPECT_EQ(host.saved.lngSSDelayMinute, 12);
+  }
+}
+
 // Saving and cancelling
+
+TEST_F(FrmSysConfigTest, TheStoredNameIsKeptAsLongAsItsEntryIsChosen) {
+  host.names = {"Clock", "Pictures"};
+  host.settings.strScrSavProcName("PICTURES");
+  showWhile([this] {
+    EXPECT_EQ(world->chosenEntry(dialog.cmbScrSavProcName), 1);
+    world->choose(dialog.cmbScrSavProcName, 0);
+    world->choose(dialog.cmbScrSavProcName, 1);
+    world->click(dialog.cmdSave);
+  });
+  EXPECT_EQ(host.saved.strScrSavProcName, "PICTURES");
+  showWhile([this] {
+    world->choose(dialog.cmbScrSavProcName, 0);
+    world->click(dialog.cmdSave);
+  });
+  EXPECT_EQ(host.saved.strScrSavProcName, "Clock");
+}
 
 TEST_F(FrmSysConfigTest, SavingTakesWhatTheUserChanged) {
   showWhile([this] {
@@ -313,12 +378,18 @@ TEST_F(FrmSysConfigTest, TheSecondTabReadsTheAssociationsASecondLater) {
     EXPECT_TRUE(world->isVisible(dialog.Picture2));
     EXPECT_FALSE(world->isVisible(dialog.Picture1));
     EXPECT_EQ(ticks(), "100");
-    EXPECT_EQ(world->cell(dialog.lvFileAssociationList, 1, 1), ".mp3");
-    EXPECT_EQ(world->cell(dialog.lvFileAssociationList, 1, 2), "MP3 音频");
+    EXPECT_EQ(world->cell(dialog.lvFileAssociationList, 1, 0), ".mp3");
+    EXPECT_EQ(world->cell(dialog.lvFileAssociationList, 1, 1), "MP3 音频");
     EXPECT_EQ(dialog.pointerShape(), ui::PointerShape::standard);
     time.advance(5000);
     EXPECT_EQ(registry.calls, 3);
   });
+}
+
+TEST_F(FrmSysConfigTest, TheWaitNotesTextAndBackgroundAreColoursOfThePrograms) {
+  EXPECT_TRUE(dialog.labNote1.foreColour());
+  EXPECT_TRUE(dialog.labNote1.backColour());
+  EXPECT_EQ(dialog.labNote1.backColour(), dialog.picNote1.backColour());
 }
 
 TEST_F(FrmSysConfigTest, TheAssociationsAreReadOnce) {
@@ -358,26 +429,6 @@ TEST_F(FrmSysConfigTest, WhatWasReadOnceIsForgottenAtTheNextShowing) {
   });
   time.advance(5000);
   EXPECT_EQ(registry.calls, 0);
-}
-
-TEST_F(FrmSysConfigTest, ADialogThatGoesMeanwhileReadsAndWritesNothing) {
-  showWhile([this] {
-    world->chooseTab(dialog.sstTab, 2);
-    dialog.unload();
-  });
-  time.advance(5000);
-  EXPECT_EQ(registry.calls, 0);
-  dialog.sstTab.setSelected(1);
-  showWhile([this] {
-    openAssociations();
-    world->click(dialog.cmdAssociaAll);
-    registry.calls = 0;
-    world->click(dialog.cmdSave);
-    dialog.unload();
-  });
-  time.advance(5000);
-  EXPECT_EQ(registry.calls, 0);
-  EXPECT_EQ(shell.changes, 0);
 }
 
 TEST_F(FrmSysConfigTest, OverAWindowThatStaysOnTopItDoesToo) {
@@ -435,6 +486,166 @@ TEST_F(FrmSysConfigTest, SavingKeepsWhoHadTheExtensionBefore) {
   });
   EXPECT_EQ(registry.classValue(".wav"), "Tessivo.wav");
   EXPECT_EQ(oldIds(), "Other|Other|Third|");
+}
+
+TEST_F(FrmSysConfigTest, SavingAnUntouchedSecondTabChangesNothing) {
+  addType(".mkv", "Matroska");  // nobody has it
+  const auto values = registry.values;
+  const auto keys = registry.keys;
+  const std::string before = oldIds();
+  saveAfter([this] { EXPECT_EQ(ticks(), "1000"); });
+  EXPECT_EQ(registry.values, values);
+  EXPECT_EQ(registry.keys, keys);
+  EXPECT_EQ(oldIds(), before);
+  EXPECT_EQ(shell.changes, 0);
+  EXPECT_EQ(log.lines.back(), "info file associations saved: 0 changed, 0 not as ticked");
+}
+
+TEST_F(FrmSysConfigTest, AnExtensionThatNobodyHasIsRegisteredWithAllThatBelongsToIt) {
+  addConfiguration();
+  addType(".mkv", "Matroska");
+  saveAfter([this] { world->tickRow(dialog.lvFileAssociationList, 1); });
+  EXPECT_EQ(registry.classValue(".mkv"), "Tessivo.mkv");
+  EXPECT_EQ(registry.classValue("Tessivo.mkv"), "0");
+  EXPECT_EQ(registry.classValue("Tessivo.mkv\\shell\\open\\command"),
+            "\"C:\\A B\\Tessivo.exe\" %1");
+  EXPECT_EQ(oldIds(), "Other|Tessivo.mkv|Other|Other|");
+  EXPECT_EQ(shell.changes, 1);
+  EXPECT_EQ(log.lines.back(), "info file associations saved: 1 changed, 0 not as ticked");
+}
+
+/// Registered anew, the type would forget who had it.
+TEST_F(FrmSysConfigTest, AnExtensionThatIsOursStillKnowsWhoHadIt) {
+  saveAfter([this] { world->tickRow(dialog.lvFileAssociationList, 1); });
+  EXPECT_EQ(registry.classValue(".avi"), "Tessivo.avi");
+  EXPECT_FALSE(registry.hasClass("Tessivo.avi"));
+  EXPECT_EQ(oldIds(), "Other|Other|Other|");
+}
+
+TEST_F(FrmSysConfigTest, AnExtensionThatIsGoneMeanwhileIsLeftAloneUnlessItsTickChanges) {
+  saveAfter([this] {
+    registry.values.erase("0\\.AVI\\");
+    registry.values.erase("0\\.MP3\\");
+    world->tickRow(dialog.lvFileAssociationList, 1);
+  });
+  EXPECT_EQ(registry.classValue(".avi"), "-");
+  EXPECT_EQ(registry.classValue(".mp3"), "Tessivo.mp3");
+  EXPECT_TRUE(registry.hasClass("Tessivo.mp3\\shell\\open\\command"));
+}
+
+TEST_F(FrmSysConfigTest, WhatIsRegisteredNamesTheProgramItsIconAndItsMenuHandler) {
+  addConfiguration();
+  saveAfter([this] { world->tickRow(dialog.lvFileAssociationList, 1); });
+  const std::string id = "Tessivo.mp3";
+  EXPECT_EQ(registry.classValue(id + "\\shell\\open\\command"), "\"C:\\A B\\Tessivo.exe\" %1");
+  EXPECT_EQ(registry.classValue(id + "\\DefaultIcon"), "C:\\A B\\Media.ico");
+  EXPECT_EQ(registry.classValue(id + "\\shellex\\ContextMenuHandlers\\Menu"), "{1-2}");
+}
+
+TEST_F(FrmSysConfigTest, WhatTheRegistryRefusesIsLogged) {
+  addType(".mkv", "Matroska");
+  saveAfter([this] {
+    world->tickRow(dialog.lvFileAssociationList, 0);  // off
+    world->tickRow(dialog.lvFileAssociationList, 1);
+    world->tickRow(dialog.lvFileAssociationList, 2);
+    registry.refusesWrites = true;
+    log.lines.clear();
+  });
+  EXPECT_EQ(log.lines, (std::vector<std::string>{
+                           "error file type .avi could not be handed back, it belongs to "
+                           "\"Tessivo.avi\"",
+                           "error file type .mkv could not be associated, it belongs to \"\"",
+                           "error file type .mp3 could not be associated, it belongs to \"Other\"",
+                           "info file associations saved: 0 changed, 3 not as ticked"}));
+  EXPECT_EQ(shell.changes, 0);
+}
+
+TEST_F(FrmSysConfigTest, TheWaitIsShownByThePointerToo) {
+  std::vector<ui::PointerShape> shapes;
+  registry.whenCalled = [&] { shapes.push_back(dialog.pointerShape()); };
+  const auto allBusy = [&] {
+    const auto seen = std::exchange(shapes, {});
+    return !seen.empty() && std::ranges::count(seen, ui::PointerShape::busy) == std::ssize(seen);
+  };
+  showWhile([&] {
+    openAssociations();
+    EXPECT_TRUE(allBusy());
+    EXPECT_EQ(dialog.pointerShape(), ui::PointerShape::standard);
+    world->click(dialog.cmdSave);
+    EXPECT_EQ(dialog.pointerShape(), ui::PointerShape::standard);
+    time.advance(1000);
+    EXPECT_TRUE(allBusy());
+    EXPECT_EQ(dialog.pointerShape(), ui::PointerShape::standard);
+  });
+}
+
+TEST_F(FrmSysConfigTest, WhileItSavesNothingCanBeChanged) {
+  const auto parts = {static_cast<ui::Control*>(&dialog.sstTab),
+                      static_cast<ui::Control*>(&dialog.Picture1),
+                      static_cast<ui::Control*>(&dialog.Picture2)};
+  showWhile([&] {
+    openAssociations();
+    dialog.lvFileAssociationList.setFocus();
+    for (const ui::Control* part : parts) EXPECT_TRUE(world->isEnabled(*part)) << part->name();
+    world->key(dialog, dialog.lvFileAssociationList, kEnter);
+    for (const ui::Control* part : parts) EXPECT_FALSE(world->isEnabled(*part)) << part->name();
+    EXPECT_TRUE(dialog.cmdHelp.hasFocus());
+    world->key(dialog, dialog.cmdHelp, kTab, true);
+    EXPECT_EQ(world->selectedTab(dialog.sstTab), 2);
+    time.advance(1000);
+  });
+  showWhile([&] {
+    for (const ui::Control* part : parts) EXPECT_TRUE(world->isEnabled(*part)) << part->name();
+  });
+}
+
+// Leaving the program meanwhile
+
+TEST_F(FrmSysConfigTest, WhenItGoesWhileItReadsNothingIsReadAnyMore) {
+  showWhile([this] {
+    world->chooseTab(dialog.sstTab, 2);
+    owner.unload();  // which takes its dialogs along
+    EXPECT_FALSE(dialog.isOpen());
+  });
+  EXPECT_EQ(time.running(), 0U);
+  time.advance(5000);
+  EXPECT_EQ(registry.calls, 0);
+}
+
+TEST_F(FrmSysConfigTest, WhenItGoesDuringTheWaitWhatWasSavedIsCarriedOut) {
+  showWhile([this] {
+    openAssociations();
+    world->tickRow(dialog.lvFileAssociationList, 1);
+    world->click(dialog.cmdSave);
+    EXPECT_EQ(registry.classValue(".mp3"), "Other");
+    owner.unload();
+    EXPECT_FALSE(dialog.isOpen());
+  });
+  EXPECT_EQ(registry.classValue(".mp3"), "Tessivo.mp3");
+  EXPECT_EQ(shell.changes, 1);
+  EXPECT_EQ(time.running(), 0U);
+  time.advance(5000);
+  EXPECT_EQ(shell.changes, 1);
+}
+
+TEST_F(FrmSysConfigTest, WhenItGoesUnsavedNothingIsCarriedOut) {
+  showWhile([this] {
+    openAssociations();
+    world->tickRow(dialog.lvFileAssociationList, 1);
+    owner.unload();
+  });
+  EXPECT_EQ(registry.classValue(".mp3"), "Other");
+  EXPECT_EQ(trace.take().find("saved"), std::string::npos);
+}
+
+TEST_F(FrmSysConfigTest, ItMayGoWhileAProgramsSettingsAreOpenOverIt) {
+  host.whileSettings = [this] { owner.unload(); };
+  showWhile([this] {
+    world->click(dialog.cmdPramSet);
+    EXPECT_FALSE(dialog.isOpen());
+    EXPECT_FALSE(dialog.visible());
+  });
+  EXPECT_EQ(time.running(), 0U);
 }
 
 TEST_F(FrmSysConfigTest, ARowThatIsMissingIsPassedOver) {
@@ -537,6 +748,48 @@ TEST_F(FrmSysConfigTest, HelpOpensAtThePlaceOfTheTab) {
   EXPECT_EQ(shell.opened,
             (std::vector<std::string>{"C:\\A B\\Help\\FunctionIntroduce.htm#Item3|",
                                       "C:\\A B\\Help\\FunctionIntroduce.htm#Item10|"}));
+}
+
+TEST_F(FrmSysConfigTest, CtrlAndTabChangesTheTab) {
+  showWhile([this] {
+    world->key(dialog, dialog.chkSavePlayList, kTab, true);
+    EXPECT_EQ(world->selectedTab(dialog.sstTab), 2);
+    EXPECT_TRUE(world->isVisible(dialog.Picture2));
+    EXPECT_TRUE(dialog.sstTab.hasFocus());
+    time.advance(1000);
+    EXPECT_EQ(registry.calls, 3);
+    world->key(dialog, dialog.lvFileAssociationList, kTab, true);
+    EXPECT_EQ(world->selectedTab(dialog.sstTab), 1);
+    EXPECT_TRUE(world->isVisible(dialog.Picture1));
+  });
+}
+
+TEST_F(FrmSysConfigTest, EnterSavesUnlessTheKeyboardIsOnAButton) {
+  const std::function<ui::Control&()> others[] = {
+      [this]() -> ui::Control& { return dialog.chkSavePlayList; },
+      [this]() -> ui::Control& { return dialog.cmbScrSavProcName; },
+      [this]() -> ui::Control& { return dialog.sstTab; }};
+  for (const auto& focus : others) {
+    showWhile([&] {
+      world->key(dialog, focus(), kEnter);
+      EXPECT_FALSE(dialog.visible());
+    });
+    EXPECT_NE(trace.take().find("saved"), std::string::npos);
+  }
+  showWhile([this] {
+    world->key(dialog, dialog.cmdPreviewSS, kEnter);
+    EXPECT_TRUE(dialog.visible());
+    world->key(dialog, dialog.cmdCancel, kEnter);
+    EXPECT_FALSE(dialog.visible());
+  });
+  EXPECT_EQ(trace.take(), "names | preview 图片欣赏");
+}
+
+TEST_F(FrmSysConfigTest, AnEnterThatIsHeldSavesNothing) {
+  showWhile([this] {
+    EXPECT_TRUE(dialog.pressKey({kEnter, false, true, &dialog.chkSavePlayList, false}));
+    EXPECT_TRUE(dialog.visible());
+  });
 }
 
 TEST_F(FrmSysConfigTest, TabLeadsThroughThePageThatIsShown) {

@@ -50,6 +50,31 @@ TEST_F(ConfigFaceTest, ShowsTheControlersSettingsAndSavesThere) {
   EXPECT_EQ(stored.strScrSavProcName(), "clock");
 }
 
+/// A window that only notes that it comes to the front.
+struct FrontPeer : ui::Peer {
+  explicit FrontPeer(int& count) : fronts(count) {}
+  void changed(ui::Aspect) override {}
+  void bringToFront() override { ++fronts; }
+  void setFocus() override {}
+  void repaint() override {}
+  WindowHandle nativeHandle() const override { return 0; }
+  int& fronts;
+};
+
+TEST_F(ConfigFaceTest, TheWaitNoteComesInFrontOfThePages) {
+  accounts.local = {"Administrators"};
+  int fronts = 0;
+  openWhile([&](frmSysConfig& dialog) {
+    dialog.picNote1.attachPeer(std::make_unique<FrontPeer>(fronts));
+    dialog.sstTab.choose(2);
+    EXPECT_EQ(fronts, 1);
+    time.advance(1000);
+    EXPECT_EQ(fronts, 1);
+    dialog.cmdSave.click();
+    EXPECT_EQ(fronts, 2);
+  });
+}
+
 TEST_F(ConfigFaceTest, OneDialogAtATime) {
   openWhile([this](frmSysConfig&) { face.open(owner); });
   EXPECT_EQ(dialogs.dialogs, 1);

@@ -483,6 +483,14 @@ TEST_F(ControlerTest, WhileItLeavesThePanelIsNotShownAgain) {
   EXPECT_EQ(trace.take().find("front"), std::string::npos);
 }
 
+TEST_F(ControlerTest, WhileItLeavesTheSettingsDialogIsNotAskedFor) {
+  int wanted = 0;
+  controler.configFaceWanted.listen([&wanted] { ++wanted; });
+  loop.whilePumping = [this] { controler.showConfigFace(); };
+  controler.exitSys();
+  EXPECT_EQ(wanted, 0);
+}
+
 TEST_F(ControlerTest, TheSettingsDialogIsAskedOfWhoeverHasIt) {
   int wanted = 0;
   controler.configFaceWanted.listen([&wanted] { ++wanted; });

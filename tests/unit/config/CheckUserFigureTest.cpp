@@ -49,12 +49,20 @@ TEST_F(CheckUserFigureTest, TheLogSaysWhatDecided) {
   accounts.local = {"Administrators"};
   figure.boolUserBlongToAdminsGroup();
   accounts.local.clear();
+  accounts.elevated = false;
+  figure.boolUserBlongToAdminsGroup();
+  accounts.error = 53;
+  accounts.elevated = std::nullopt;
   figure.boolUserBlongToAdminsGroup();
   const std::string rule =
-      " (by membership in the local group \"Administrators\"): the user's groups are ";
-  EXPECT_EQ(log.lines, (Names{"info file associations are locked" + rule + "\"Users\", \"管理员\"",
-                              "info file associations are open" + rule + "\"Administrators\"",
-                              "info file associations are locked" + rule + "unknown"}));
+      " administrator (by membership in the local group \"Administrators\"): user \"operator\", "
+      "groups ";
+  EXPECT_EQ(
+      log.lines,
+      (Names{"info the user is no" + rule + "\"Users\", \"管理员\", status 0, process elevated",
+             "info the user is an" + rule + "\"Administrators\", status 0, process elevated",
+             "info the user is no" + rule + "none known, status 0, process not elevated",
+             "info the user is no" + rule + "none known, status 53, process unknown"}));
 }
 
 TEST_F(CheckUserFigureTest, LocalGroupsAreAlwaysThisMachines) {

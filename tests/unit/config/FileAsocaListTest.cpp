@@ -7,6 +7,7 @@
 #include "fakes/FakeLog.h"
 #include "fakes/FakeRegistry.h"
 #include "fakes/TempFolder.h"
+#include "unit/data/DataTestSupport.h"
 
 namespace tessivo {
 namespace {
@@ -158,15 +159,84 @@ TEST_F(FileAsocaListTest, WithoutAHandlerNothingIsApproved) {
   addType(".avi", "T.avi");
   load();
   registry.put(RegistryRoot::localMachine, kApprovedKey, "", "default");
-  const auto approved = [this] {
-    std::string value = "-";
-    registry.read(RegistryRoot::localMachine, kApprovedKey, "", value);
-    return value;
-  };
+  registry.putClass(".avi", "Other");
+  const auto before = registry.values;
   list.InitializeRegistry();
-  EXPECT_EQ(approved(), "default");
+  auto withType = before;
+  withType["0\\T.AVI\\"] = "0";
+  withType["0\\T.AVI\\DEFAULTICON\\"] = "C:\\p\\ico\\media.ico";
+  withType["0\\T.AVI\\SHELL\\OPEN\\COMMAND\\"] = "\"C:\\p\\Tessivo.exe\" %1";
+  withType["0\\T.AVI\\SHELLEX\\CONTEXTMENUHANDLERS\\MENU\\"] = "";
+  EXPECT_EQ(registry.values, withType);
   list.deleteAllFileAssocItemFromReg();
-  EXPECT_EQ(approved(), "default");
+  EXPECT_EQ(registry.values, before);
+}
+
+/// Whichever single call fails, the others are done: of the approved value and of every type.
+TEST_F(FileAsocaListTest, ACallThatFailsDoesNotKeepTheOthersFromBeingDone) {
+  addConfig("Tessivo.exe", "media.ico", "{1}", "menu");
+  addType(".avi", "T.avi");
+  addType(".mp3", "T.mp3");
+  const auto fill = [this](FileAsocaList& types) {
+    types.strConfigFilePath = database;
+    types.getConfigInfoFromDB();
+    types.getBaseAssocListFromDB();
+  };
+  FakeRegistry whole;
+  FileAsocaList all(whole);
+  fill(all);
+  all.InitializeRegistry();
+  const int writing = whole.calls;
+  EXPECT_EQ(writing, 1 + 2 * 6);  // the approved value; of each type: read, take, four keys
+  for (int failing = 1; failing <= writing; ++failing) {
+    FakeRegistry other;
+    FileAsocaList types(other);
+    fill(types);
+    other.failAt = failing;
+    types.InitializeRegistry();
+    EXPECT_EQ(other.calls, writing) << failing;
+    // What the call would have written is missing, and nothing else; one that reads misses nothing.
+    EXPECT_GE(other.values.size() + 1, whole.values.size()) << failing;
+  }
+  const auto registered = whole;
+  all.deleteAllFileAssocItemFromReg();
+  const int deleting = whole.calls - registered.calls;
+  for (int failing = 1; failing <= deleting; ++failing) {
+    FakeRegistry other;
+    FileAsocaList types(other);
+    fill(types);
+    other.values = registered.values;
+    other.keys = registered.keys;
+    other.failAt = failing;
+    types.deleteAllFileAssocItemFromReg();
+    std::string approved;
+    const bool last = other.calls == failing;
+    EXPECT_EQ(other.read(RegistryRoot::localMachine, kApprovedKey, "{1}", approved), last ? 0U : 2U)
+        << failing;
+    other.failAt = 0;
+    types.deleteAllFileAssocItemFromReg();
+    EXPECT_FALSE(other.hasClass("T.avi")) << failing;
+    EXPECT_FALSE(other.hasClass("T.mp3")) << failing;
+    EXPECT_EQ(other.read(RegistryRoot::localMachine, kApprovedKey, "{1}", approved), 2U);
+  }
+}
+
+TEST_F(FileAsocaListTest, ATableWithoutAColumnListsNoTypeAndIsNoError) {
+  addConfig("Tessivo.exe", "media.ico", "{1}", "menu");
+  addType(".mp3", "T.mp3");
+  runSql(database, "alter table file_association drop column default_app_id_2");
+  EXPECT_NO_THROW(load());
+  EXPECT_EQ(list.lngGetListCount(), 0);
+}
+
+TEST_F(FileAsocaListTest, AConfigurationWithoutAColumnKeepsWhatWasReadBefore) {
+  addConfig("Tessivo.exe", "media.ico", "{1}", "menu");
+  addType(".mp3", "T.mp3");
+  runSql(database, "alter table file_association_config drop column menu_handler_guid");
+  EXPECT_NO_THROW(load());
+  ASSERT_EQ(list.lngGetListCount(), 1);
+  EXPECT_EQ(item(1).strMainAppFilePath, "C:\\p\\Tessivo.exe");
+  EXPECT_EQ(item(1).strMenuHandlerGUID, "");
 }
 
 /// Whatever had the extension: registering and taking it back leaves the registry as it was, but

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "data/DataAccess.h"
 #include "fakes/EmptyDatabase.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeRegistry.h"
 #include "fakes/TempFolder.h"
+#include "unit/data/DataTestSupport.h"
 
 namespace tessivo {
 namespace {
@@ -60,6 +59,15 @@ TEST_F(FileAsocaTest, AnExtensionThatCannotBeReadDoesNotAndTheLastOwnerStays) {
   type.checkAssociationState();
   EXPECT_FALSE(type.boolAssociate());
   EXPECT_EQ(type.strCurrAppIdKeyName, kId);
+}
+
+TEST_F(FileAsocaTest, TheOwnerIsReadAnewAndNothingIsNoted) {
+  EXPECT_EQ(type.owner(), std::nullopt);
+  extensionOf("");
+  EXPECT_EQ(type.owner(), "");
+  extensionOf("Other");
+  EXPECT_EQ(type.owner(), "Other");
+  EXPECT_EQ(type.strCurrAppIdKeyName, "");
 }
 
 // Registering
@@ -234,6 +242,7 @@ TEST_F(FileAsocaTest, WhenTheOneBeforeIsRefusedTheExtensionStaysOurs) {
 TEST_F(FileAsocaTest, WhenTheFallBackIsRefusedTheExtensionStaysOurs) {
   extensionOf(kId);
   thereIs("First");
+  thereIs("Second");  // not tried: the first usable one it is
   type.strOldAppIdKeyName = "";
   registry.failAt = 3;
   type.setAssociationState(false);
@@ -307,6 +316,67 @@ TEST_F(FileAsocaTest, ADeletionThatFailsDoesNotKeepTheOthersFromBeingDone) {
   }
 }
 
+/// Whichever single call fails when the type is removed: what is left is the owner that was there,
+/// one who may have it, or nobody; and only when no fall-back can be read, nobody.
+TEST_F(FileAsocaTest, NoFailureOfACallLeavesARemovedExtensionWithoutAnOwnerThatItCouldHave) {
+  int refused = 0;
+  for (const char* const now : {"-", "Other", "Tessivo.mp3"}) {
+    for (const char* const old : {"", "Other", "Gone", "Tessivo.mp3"}) {
+      for (const int fallBacks : {0, 1, 2, 3}) {
+        for (int failing = 0; failing <= 14; ++failing) {
+          FakeRegistry other;
+          FileAsoca made(other);
+          makeType(made);
+          other.putClass("Other", "x");
+          if (fallBacks & 1) other.putClass("First", "x");
+          if (fallBacks & 2) other.putClass("Second", "x");
+          if (now != std::string("-")) other.putClass(".mp3", now);
+          made.strOldAppIdKeyName = old;
+          other.failAt = failing;
+          made.deleteAssociationKeyFromReg();
+          const bool ours = now == kId;
+          const bool toOld = old == std::string("Other");
+          const std::string fallBack = fallBacks & 1 ? "First" : fallBacks & 2 ? "Second" : "";
+          const auto where = [&] {
+            return testing::Message()
+                   << now << ", " << old << ", " << fallBacks << ", call " << failing;
+          };
+          const std::string after = other.classValue(".mp3");
+          if (!ours) {
+            EXPECT_EQ(after, now) << where();
+            continue;
+          }
+          // The calls: 1 the extension is read, then the old owner if there is a name to read, then
+          // the fall-backs up to the usable one; the next one writes.
+          const bool readsOld = old == std::string("Other") || old == std::string("Gone");
+          const int firstRead = readsOld ? 3 : 2;
+          std::string expected = toOld ? "Other" : fallBack;
+          int writes = toOld ? 3 : firstRead + (fallBacks & 1 ? 1 : 2);
+          if (failing == 1) expected = kId;  // not known to be ours
+          if (toOld && failing == 2) {
+            expected = fallBack;  // the old owner seems to be gone
+            writes = 0;
+          }
+          if (!toOld && failing == firstRead && (fallBacks & 1)) {
+            expected = fallBacks & 2 ? "Second" : "";
+            writes = 0;
+          }
+          if (!toOld && failing == firstRead + 1 && fallBacks == 2) {
+            expected = "";
+            writes = 0;
+          }
+          if (failing == writes) {
+            expected = kId;
+            ++refused;
+          }
+          EXPECT_EQ(after, expected) << where();
+        }
+      }
+    }
+  }
+  EXPECT_EQ(refused, 16);
+}
+
 /// Whatever single call fails: no operation throws, and what it says afterwards is what the
 /// registry holds, or would be read from it.
 TEST_F(FileAsocaTest, NoFailureOfACallMakesItSayWhatIsNotSo) {
@@ -320,19 +390,22 @@ TEST_F(FileAsocaTest, NoFailureOfACallMakesItSayWhatIsNotSo) {
     for (const char* const old : {"", "Other", "Gone", "Tessivo.mp3"}) {
       for (const Operation operation : operations) {
         for (int failing = 0; failing <= 12; ++failing) {
-          FakeRegistry other;
-          FileAsoca made(other);
-          makeType(made);
-          if (now != std::string("-")) other.putClass(".mp3", now);
-          other.putClass("Other", "x");
-          other.putClass("Second", "x");
-          made.strOldAppIdKeyName = old;
-          other.failAt = failing;
-          operation(made);
-          const std::string holder = other.classValue(".mp3");
-          EXPECT_EQ(made.boolAssociate(), holder == kId)
-              << now << ' ' << old << " call " << failing << " holder " << holder;
-          EXPECT_TRUE(holder == "-" || made.strCurrAppIdKeyName == holder);
+          for (const int fallBacks : {0, 1, 2, 3}) {
+            FakeRegistry other;
+            FileAsoca made(other);
+            makeType(made);
+            if (now != std::string("-")) other.putClass(".mp3", now);
+            other.putClass("Other", "x");
+            if (fallBacks & 1) other.putClass("First", "x");
+            if (fallBacks & 2) other.putClass("Second", "x");
+            made.strOldAppIdKeyName = old;
+            other.failAt = failing;
+            operation(made);
+            const std::string holder = other.classValue(".mp3");
+            EXPECT_EQ(made.boolAssociate(), holder == kId)
+                << now << ' ' << old << " call " << failing << " holder " << holder;
+            EXPECT_TRUE(holder == "-" || made.strCurrAppIdKeyName == holder);
+          }
         }
       }
     }
@@ -403,6 +476,33 @@ TEST_F(FileAsocaInDatabase, WithoutARowOrADatabaseNothingIsSaved) {
   type.strConfigFilePath = folder.file("none");
   type.saveOldAppIdKeyNameToDB();
   EXPECT_EQ(oldIds(), "old .avi|old .mp3|");
+}
+
+TEST_F(FileAsocaInDatabase, WhatIsKeptAlreadyIsNotWritten) {
+  type.strOldAppIdKeyName = "old .mp3";
+  const std::string before = contentOf(database);  // every write counts in it
+  type.saveOldAppIdKeyNameToDB();
+  EXPECT_EQ(contentOf(database), before);
+  type.strOldAppIdKeyName = "OLD .mp3";  // not the same
+  type.saveOldAppIdKeyNameToDB();
+  EXPECT_EQ(oldIds(), "old .avi|OLD .mp3|");
+}
+
+TEST_F(FileAsocaInDatabase, ADatabaseThatAnotherProgramHoldsIsNoErrorAndKeepsWhatItHas) {
+  for (const char* const hold : {"begin immediate", "begin exclusive"}) {
+    type.strOldAppIdKeyName = "Other";
+    OtherProgram other(database);
+    other.run(hold);  // the first leaves the reading free
+    EXPECT_NO_THROW(type.saveOldAppIdKeyNameToDB());
+    other.run("rollback");
+    EXPECT_EQ(oldIds(), "old .avi|old .mp3|");
+  }
+}
+
+TEST_F(FileAsocaInDatabase, ATableWithoutTheColumnIsNoError) {
+  runSql(database, "alter table file_association drop column old_app_id");
+  type.strOldAppIdKeyName = "Other";
+  EXPECT_NO_THROW(type.saveOldAppIdKeyNameToDB());
 }
 
 TEST_F(FileAsocaInDatabase, ASingleQuoteInTheExtensionBreaksTheQueryAndNothingElse) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "fakes/FakeAccounts.h"
 
 namespace tessivo {
@@ -23,17 +21,38 @@ TEST_F(SetRegPrivilegeTest, OpensTheTokenOnceWithAllAccess) {
 }
 
 TEST_F(SetRegPrivilegeTest, TheTableHasThirtyNamesInTheirOrder) {
-  const auto& names = SetRegPrivilege::names();
-  EXPECT_EQ(names.size(), 30U);
-  EXPECT_STREQ(names[0], "SeAssignPrimaryTokenPrivilege");
-  EXPECT_STREQ(names[2], "SeBackupPrivilege");
-  EXPECT_STREQ(names[8], "SeDebugPrivilege");
-  EXPECT_STREQ(names[19], "SeRestorePrivilege");
-  EXPECT_STREQ(names[23], "SeSystemEnvironment");
-  EXPECT_STREQ(names[26], "SeTakeOwnershipPrivilege");
-  EXPECT_STREQ(names[29], "SeUnsolicitedInputPrivilege");
-  EXPECT_TRUE(std::is_sorted(names.begin(), names.end(),
-                             [](const char* a, const char* b) { return std::string(a) < b; }));
+  const std::vector<std::string> names(SetRegPrivilege::names().begin(),
+                                       SetRegPrivilege::names().end());
+  EXPECT_EQ(names, (std::vector<std::string>{"SeAssignPrimaryTokenPrivilege",
+                                             "SeAuditPrivilege",
+                                             "SeBackupPrivilege",
+                                             "SeChangeNotifyPrivilege",
+                                             "SeCreateGlobalPrivilege",
+                                             "SeCreatePagefilePrivilege",
+                                             "SeCreatePermanentPrivilege",
+                                             "SeCreateTokenPrivilege",
+                                             "SeDebugPrivilege",
+                                             "SeEnableDelegationPrivilege",
+                                             "SeImpersonatePrivilege",
+                                             "SeIncreaseBasePriorityPrivilege",
+                                             "SeIncreaseQuotaPrivilege",
+                                             "SeLoadDriverPrivilege",
+                                             "SeLockMemoryPrivilege",
+                                             "SeMachineAccountPrivilege",
+                                             "SeManageVolumePrivilege",
+                                             "SeProfileSingleProcessPrivilege",
+                                             "SeRemoteShutdownPrivilege",
+                                             "SeRestorePrivilege",
+                                             "SeSecurityPrivilege",
+                                             "SeShutdownPrivilege",
+                                             "SeSyncAgentPrivilege",
+                                             "SeSystemEnvironment",
+                                             "SeSystemProfilePrivilege",
+                                             "SeSystemtimePrivilege",
+                                             "SeTakeOwnershipPrivilege",
+                                             "SeTcbPrivilege",
+                                             "SeUndockPrivilege",
+                                             "SeUnsolicitedInputPrivilege"}));
 }
 
 TEST_F(SetRegPrivilegeTest, SwitchesEachPrivilegeOnButTheTwoThatNoSystemKnows) {

@@ -29,6 +29,24 @@ TEST_F(ListViewTest, AppendTellsTheNewRowsNumber) {
   EXPECT_EQ(list.append({"b", "", {}, false, false}), 1);
 }
 
+TEST_F(ListViewTest, ATitleIsFoundByItsBeginningWithOrWithoutItsDot) {
+  for (const char* const title : {".avi", ".mp3", ".mp4", "Mp"}) {
+    list.append({title, "", {}, false, false, title});
+  }
+  EXPECT_EQ(list.findTitle("M", 0), 1);
+  EXPECT_EQ(list.findTitle("mP4", 0), 2);
+  EXPECT_EQ(list.findTitle(".mp", 2), 2);
+  EXPECT_EQ(list.findTitle("mp", 3), 3);
+  EXPECT_EQ(list.findTitle("a", 2), 0);  // round the end
+  EXPECT_EQ(list.findTitle("m", 9), 1);
+  EXPECT_EQ(list.findTitle("m", -1), 1);
+  EXPECT_EQ(list.findTitle("p3", 0), -1);
+  EXPECT_EQ(list.findTitle("mp34", 0), -1);
+  EXPECT_EQ(list.findTitle("", 0), -1);
+  list.clear();
+  EXPECT_EQ(list.findTitle("m", 0), -1);
+}
+
 TEST_F(ListViewTest, RowsAreFoundByKey) {
   add(3);
   EXPECT_EQ(list.indexOf("k2"), 2);

@@ -46,8 +46,21 @@ TEST(AccountsOnWindows, TheAnswerWhetherTheUserIsAnAdministratorIsTheGroups) {
   const bool belongs = CheckUserFigure(accounts, log).boolUserBlongToAdminsGroup();
   EXPECT_EQ(belongs, std::ranges::count(groups, "Administrators") == 1);
   ASSERT_EQ(log.lines.size(), 1U);
-  EXPECT_TRUE(log.lines[0].starts_with(belongs ? "info file associations are open"
-                                               : "info file associations are locked"));
+  EXPECT_TRUE(log.lines[0].starts_with(belongs ? "info the user is an administrator "
+                                               : "info the user is no administrator "));
+}
+
+TEST(AccountsOnWindows, TheSystemTellsWhetherTheProcessIsElevated) {
+  HANDLE token = nullptr;
+  ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+  TOKEN_ELEVATION_TYPE type{};
+  DWORD size = 0;
+  ASSERT_TRUE(GetTokenInformation(token, TokenElevationType, &type, sizeof type, &size));
+  CloseHandle(token);
+  const auto elevated = Win32Accounts().processIsElevated();
+  ASSERT_TRUE(elevated.has_value());
+  if (type == TokenElevationTypeFull) EXPECT_TRUE(*elevated);
+  if (type == TokenElevationTypeLimited) EXPECT_FALSE(*elevated);
 }
 
 /// The attributes of a privilege of this process; nothing when it has it not.
@@ -146,7 +159,7 @@ TEST_F(KeySecurityOnWindows, TheAccountsNewEntryTakesThePlaceOfItsOldOne) {
   ASSERT_TRUE(found);
   ASSERT_EQ(found->entries.size(), 1U);
   EXPECT_EQ(found->entries[0].accountIdentifier, everyone);
-  EXPECT_NE(found->entries[0].bytes, Bytes{});
+  ASSERT_GE(found->entries[0].bytes.size(), sizeof(ACCESS_ALLOWED_ACE));
   const auto* entry = reinterpret_cast<const ACCESS_ALLOWED_ACE*>(found->entries[0].bytes.data());
   EXPECT_EQ(entry->Mask, ACCESS_MASK{KEY_READ});
 }
@@ -187,6 +200,8 @@ TEST_F(KeySecurityOnWindows, AMissingKeyIsAFailure) {
 TEST_F(KeySecurityOnWindows, TheSystemHasWordsForAnError) {
   EXPECT_NE(security.messageOf(ERROR_ACCESS_DENIED), "");
   EXPECT_EQ(security.messageOf(0x2FFFFFFF), "");
+  // Words that leave a place for a name keep it.
+  EXPECT_NE(security.messageOf(ERROR_BAD_EXE_FORMAT).find("%1"), std::string::npos);
 }
 
 }  // namespace

@@ -167,6 +167,22 @@ TEST_F(Win32ListViewTest, ALetterSelectsNoOtherRow) {
   EXPECT_EQ(form.lvRows.selected(), 3);
 }
 
+TEST_F(Win32ListViewTest, LettersSelectTheRowWhoseTitleTheyBegin) {
+  for (const char* const title : {".avi", ".mp3", ".mp4"}) {
+    form.lvRows.append({title, "", {}, false, false, title});
+  }
+  form.show();
+  form.activate();
+  form.lvRows.setFocus();
+  form.lvRows.select(0);
+  handleWaiting();
+  constexpr LPARAM kScanCodeOfM = 0x320001;
+  SendMessageW(list(), WM_CHAR, 'm', kScanCodeOfM);
+  EXPECT_EQ(form.lvRows.selected(), 1);
+  for (const WPARAM letter : {'p', '4'}) SendMessageW(list(), WM_CHAR, letter, kScanCodeOfM);
+  EXPECT_EQ(form.lvRows.selected(), 2);
+}
+
 TEST_F(Win32ListViewTest, APressThatBecomesADragSelectsItsRow) {
   addRows(5);
   NMLISTVIEW drag{};
