@@ -59,8 +59,9 @@ TEST(AccountsOnWindows, TheSystemTellsWhetherTheProcessIsElevated) {
   CloseHandle(token);
   const auto elevated = Win32Accounts().processIsElevated();
   ASSERT_TRUE(elevated.has_value());
-  if (type == TokenElevationTypeFull) EXPECT_TRUE(*elevated);
-  if (type == TokenElevationTypeLimited) EXPECT_FALSE(*elevated);
+  if (type != TokenElevationTypeDefault) {
+    EXPECT_EQ(*elevated, type == TokenElevationTypeFull);
+  }
 }
 
 /// The attributes of a privilege of this process; nothing when it has it not.
