@@ -36,7 +36,7 @@ bool CheckUserFigure::boolUserBlongToAdminsGroup() const {
                        std::any_of(groups.begin(), groups.end(),
                                    [&](const auto& group) { return toUpper(group) == wanted; });
   log_.info(std::string("the user is ") + (belongs ? "an" : "no") +
-            " administrator (by membership in the local group \"Administrators\"): user \"" +
+            R"( administrator (by membership in the local group "Administrators"): user ")" +
             shown(user) + "\", groups " + listed(groups) + ", status " + std::to_string(status) +
             ", process " + shown(accounts_.processIsElevated()));
   return belongs;
