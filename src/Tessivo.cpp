@@ -9,17 +9,20 @@
 #include "app/CommandLine.h"
 #include "app/ConfigFace.h"
 #include "app/Controler.h"
+#include "app/PlayersNeeded.h"
 #include "app/PrevInstance.h"
 #include "app/ProgramPaths.h"
 #include "app/Request.h"
 #include "app/RequestReceiver.h"
 #include "app/StartUp.h"
+#include "config/CheckUserFigure.h"
 #include "data/PrepareDatabase.h"
 #include "monitors/AimMonitor.h"
 #include "monitors/cMonitors.h"
 #include "panel/ExitQuestion.h"
 #include "panel/frmHide.h"
 #include "panel/frmMain.h"
+#include "panel/frmMsgBox.h"
 #include "platform/FileLog.h"
 #include "platform/win32/ProcessSetUp.h"
 #include "platform/win32/ProgramFolder.h"
@@ -29,6 +32,7 @@
 #include "platform/win32/Win32DesktopWindows.h"
 #include "platform/win32/Win32Displays.h"
 #include "platform/win32/Win32FileDialogs.h"
+#include "platform/win32/Win32FileVersions.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32HiddenWinProc.h"
 #include "platform/win32/Win32IdleInput.h"
@@ -48,9 +52,11 @@
 #include "platform/win32/Win32TrayIcons.h"
 #include "platform/win32/Win32WindowProcedures.h"
 #include "platform/win32/WindowsText.h"
+#include "prereq/frmCheckPlayers.h"
 #include "screen/CaughtWindows.h"
 #include "screen/EngineChoice.h"
 #include "screen/engines/ChosenEngineFactory.h"
+#include "screen/engines/real_player/RealPlayerProbe.h"
 #include "screen/frmScreen.h"
 #include "ui/win32/Win32Toolkit.h"
 
@@ -96,28 +102,60 @@ void callFirstInstance() {
   PrevInstance(messaging, *log).handOver(commandLineArguments());
 }
 
-int runProgram() {
+/// What the player check needs as well as all that comes after it.
+struct Ground {
+  Ground() {
+    loop.setFilter([](MSG& message) { return ui::Win32Toolkit::translate(message); });
+  }
+
   const ComApartment apartment;
   const Win32Clock clock;
   const ProgramPaths paths = formProgramPaths(programFolder());
-  const auto log = openLog(paths, clock);
-  log->info("start");
-  prepareDatabase(paths.database, *log);
-
+  const std::unique_ptr<FileLog> log = openLog(paths, clock);
   const Win32Displays displays;
+  Win32MessageLoop loop;
+  Win32TimerService timers{*log};
+  ui::Win32Toolkit toolkit{displays.twipsPerPixel(), *log};
+};
+
+/// False when a player that is needed is missing: the user has been told.
+bool playersAreThere(Ground& ground, const EngineChoices& choices) {
+  Log& log = *ground.log;
+  const Win32FileVersions versions;
+  const Win32Files files;
+  const Win32Accounts accounts;
+  Win32Shell shell(log);
+  PlayerDetection detection(versions, whyRealPlayerFails, playersNeeded(choices), log);
+  const CheckUserFigure figure(accounts, log);
+  frmCheckPlayers check(
+      {ground.toolkit, ground.timers, files, shell, win32OsVersion(), ground.paths.programFolder,
+       [&figure] { return figure.boolUserBlongToAdminsGroup(); },
+       [&ground](ui::Form& owner, const std::string& title, const std::string& text) {
+         showNotice(ground.toolkit, owner, text, title);
+       }},
+      detection, ground.displays.twipsPerPixel());
+  return check.checkPlayers();
+}
+
+void runPlayer(Ground& ground, const EngineChoices& choices) {
+  const ProgramPaths& paths = ground.paths;
+  const Win32Clock& clock = ground.clock;
+  const Win32Displays& displays = ground.displays;
+  const auto& log = ground.log;
+  Win32MessageLoop& loop = ground.loop;
+  Win32TimerService& timers = ground.timers;
+  ui::Win32Toolkit& toolkit = ground.toolkit;
+
+  prepareDatabase(paths.database, *log);
   const Win32Files files;
   const Win32DesktopWindows windows;
   Win32Pointer pointer;
-  Win32MessageLoop loop;
-  loop.setFilter([](MSG& message) { return ui::Win32Toolkit::translate(message); });
-  Win32TimerService timers(*log);
   Win32ThreadTimers threadTimers(*log);
   MTimer timerRegistry(threadTimers);
-  ui::Win32Toolkit toolkit(displays.twipsPerPixel(), *log);
   Win32ShownWindows shownWindows(*log);
   Win32WindowProcedures procedures(*log);
   CaughtWindows caughtWindows(windows, procedures);
-  ChosenEngineFactory engines(readEngineChoices(paths.programFolder + "\\Engines.ini", *log), *log);
+  ChosenEngineFactory engines(choices, *log);
 
   AimMonitor aimMonitor(displays);
   MovieKeys keys(clock);
@@ -158,7 +196,19 @@ int runProgram() {
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
   loop.run();
-  return 0;
+}
+
+void runProgram() {
+  Ground ground;
+  Log& log = *ground.log;
+  log.info("start");
+  const EngineChoices choices =
+      readEngineChoices(ground.paths.programFolder + "\\Engines.ini", log);
+  if (playersAreThere(ground, choices)) {
+    runPlayer(ground, choices);
+  } else {
+    log.info("stop: a player is missing, or has just been installed");
+  }
 }
 
 }  // namespace
@@ -166,14 +216,13 @@ int runProgram() {
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   setUpProcess();
   const SingleInstance instance(std::string("Tessivo ") + request::kWindowTitle);
-  int result = 0;
   if (instance.isFirst()) {
-    result = runProgram();
+    runProgram();
   } else {
     callFirstInstance();
   }
   // All is saved and gone. A codec that hangs on a thread of its own, opening a file, must not hold
   // up the end of the process nor crash in it.
-  TerminateProcess(GetCurrentProcess(), static_cast<UINT>(result));
-  return result;
+  TerminateProcess(GetCurrentProcess(), 0);
+  return 0;
 }

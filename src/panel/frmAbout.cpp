@@ -1,7 +1,7 @@
 #include "panel/frmAbout.h"
 
 #include "base/Version.h"
-#include "panel/Icons.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

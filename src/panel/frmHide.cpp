@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "app/Request.h"
-#include "panel/Icons.h"
 #include "panel/frmAbout.h"
 #include "prereq/CheckOSVersion.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

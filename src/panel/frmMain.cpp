@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "panel/Icons.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

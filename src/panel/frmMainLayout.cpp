@@ -1,8 +1,8 @@
 // Where the control panel's controls lie, and the two ways to change its height.
 #include <algorithm>
 
-#include "panel/Icons.h"
 #include "panel/frmMain.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

@@ -1,6 +1,6 @@
 // The control panel's full-screen button and its menu of monitors.
-#include "panel/Icons.h"
 #include "panel/frmMain.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 

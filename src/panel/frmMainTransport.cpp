@@ -1,9 +1,9 @@
 // The control panel's transport: play, pause, stop, progress, volume, engine rule, loop mode.
 #include "base/Text.h"
 #include "base/TimeText.h"
-#include "panel/Icons.h"
 #include "panel/frmMain.h"
 #include "screen/PlayRule.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

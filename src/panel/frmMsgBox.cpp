@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "panel/Icons.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {
@@ -97,9 +97,10 @@ void frmMsgBox::layOut() {
   (defaultIsYes_ ? cmdYes : cmdNo).setFocus();
 }
 
-void showNotice(ui::Toolkit& toolkit, ui::Form& owner, const std::string& text) {
+void showNotice(ui::Toolkit& toolkit, ui::Form& owner, const std::string& text,
+                const std::string& title) {
   frmMsgBox box(owner.twipsPerPixel());
-  box.setCaption("提示");
+  box.setCaption(title);
   box.labNote.setCaption(text);
   box.cmdNo.setVisible(false);
   box.cmdNo.setCaption("");

@@ -34,7 +34,8 @@ class frmMsgBox : public ui::Form {
   bool result_ = false;
 };
 
-/// A notice: the title "提示", the text, and one button "确定".
-void showNotice(ui::Toolkit& toolkit, ui::Form& owner, const std::string& text);
+/// A notice: the title, the text, and one button "确定".
+void showNotice(ui::Toolkit& toolkit, ui::Form& owner, const std::string& text,
+                const std::string& title = "提示");
 
 }  // namespace tessivo

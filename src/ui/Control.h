@@ -58,7 +58,8 @@ class Control {
   void setTag(std::string tag) { tag_ = std::move(tag); }
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string text);
-  /// What a screen reader calls a control that shows no text of its own. Before the form is opened.
+  /// What a screen reader calls a control that shows no text of its own, or a button whose text
+  /// does not tell it from another. Before the form is opened.
   const std::string& accessibleName() const { return accessibleName_; }
   void setAccessibleName(std::string text) { accessibleName_ = std::move(text); }
   /// Nothing: the system's colour.

@@ -68,8 +68,8 @@ class Toolkit {
   /// designed bounds. Ends with one `onResize`: the inner size is now the real one.
   virtual void open(Form& form) = 0;
   /// Opens and shows a dialog over the middle of its owner, on the owner's monitor, with the owner
-  /// switched off, and returns when the dialog has been unloaded. Everything else goes on
-  /// meanwhile.
+  /// switched off (without an owner: in the middle of the primary monitor), and returns when the
+  /// dialog has been unloaded. Everything else goes on meanwhile.
   virtual void showModal(Form& dialog) = 0;
 };
 

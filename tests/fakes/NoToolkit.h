@@ -14,12 +14,12 @@ struct NoToolkit : ui::Toolkit {
   void showModal(ui::Form& dialog) override {
     ui::Form* const owner = dialog.owner();
     open(dialog);
-    owner->setEnabled(false);
+    if (owner) owner->setEnabled(false);
     dialog.show();
     ++dialogs;
     if (whenModal) whenModal(dialog);
     if (dialog.visible()) dialog.close();
-    owner->setEnabled(true);
+    if (owner) owner->setEnabled(true);
   }
   std::function<void(ui::Form&)> whenModal;
   int dialogs = 0;

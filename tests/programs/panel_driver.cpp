@@ -20,6 +20,10 @@
 //   types        the file types of the settings dialog, one a line: "yes" or "no", whether it is
 //                ticked, type and description
 //   type-at TYPE "x y" of that type's check box, after scrolling to it
+//   form TITLE   the controls to be seen in the window of that title, which may be there without a
+//                panel: one "name text" a line, each with its name
+//   form-where TITLE NAME   "x y width height" of that control; of the window when NAME is "form"
+//   form-session-ends TITLE as session-ends, for the program of that window
 //   menu         "x y width height" of the pop-up menu that is open, if any
 //   icon CODE    say to the tray's window what the notification area does when CODE, the number of
 //                a mouse message, happens to the icon
@@ -291,6 +295,28 @@ void answer(const std::string& name) {
   PostMessageW(search.second, BM_CLICK, 0, 0);
 }
 
+HWND findForm(const std::string& title) {
+  const HWND form = FindWindowW(nullptr, toWide(title).c_str());
+  if (!form) fail("no window " + title);
+  return form;
+}
+
+void showForm(const std::string& title) {
+  const auto print = [](HWND child, LPARAM) {
+    const std::string name = nameOf(child);
+    if (!name.empty() && IsWindowVisible(child)) printText(name.c_str(), textOf(child));
+    return TRUE;
+  };
+  EnumChildWindows(findForm(title), print, 0);
+}
+
+void printFormWhere(const std::string& title, const std::string& name) {
+  const HWND form = findForm(title);
+  const HWND control = name == "form" ? form : findControl(form, name);
+  if (!control) fail("no control " + name);
+  printPlace(control);
+}
+
 void showMenu() {
   const HWND menu = FindWindowW(L"#32768", nullptr);
   if (menu && IsWindowVisible(menu)) printPlace(menu);
@@ -299,9 +325,8 @@ void showMenu() {
 /// The player's process, to wait for or to end.
 class Player {
  public:
-  Player() {
-    const DWORD id = processOf(PanelWindow().window());
-    process_ = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id);
+  explicit Player(HWND window = PanelWindow().window()) {
+    process_ = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, processOf(window));
   }
   ~Player() { CloseHandle(process_); }
   Player(const Player&) = delete;
@@ -375,9 +400,9 @@ void askAndTellSession(const std::vector<HWND>& windows, bool ends) {
   for (const HWND window : windows) answerTo(window, WM_ENDSESSION, ends);
 }
 
-void endSession() {
-  const Player player;
-  askAndTellSession(windowsOf(processOf(PanelWindow().window())), true);
+void endSession(HWND window) {
+  const Player player(window);
+  askAndTellSession(windowsOf(processOf(window)), true);
   player.waitForEnd();
 }
 
@@ -413,7 +438,14 @@ void carryOut(const std::string& command) {
       {"menu", showMenu},
       {"icon", [] { tellOfIcon(nextNumber()); }},
       {"taskbar-created", sayTaskbarCreated},
-      {"session-ends", endSession},
+      {"form", [] { showForm(nextWord()); }},
+      {"form-where",
+       [] {
+         const std::string title = nextWord();
+         printFormWhere(title, nextWord());
+       }},
+      {"form-session-ends", [] { endSession(findForm(nextWord())); }},
+      {"session-ends", [] { endSession(PanelWindow().window()); }},
       {"session-stays", keepSession},
       {"close", leave},
       {"kill", [] { Player().kill(); }},

@@ -15,6 +15,8 @@ constexpr std::int32_t kSpaceTwips = 75;  ///< between picture and text
 Win32Button::Win32Button(Button& model, std::shared_ptr<FormContext> context)
     : ControlPeer(model, std::move(context)), model_(model) {
   create(WC_BUTTONW, model.caption(), BS_PUSHBUTTON);
+  // What is spoken is not what is shown.
+  if (!model.accessibleName().empty()) apply(Aspect::caption);
   showPicture();
 }
 

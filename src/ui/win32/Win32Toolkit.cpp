@@ -67,7 +67,7 @@ HWND windowOf(const Form& form) {
 }
 
 /// Puts the dialog in the middle of its owner, or of the owner's monitor when the owner is not to
-/// be seen, and wholly inside that monitor.
+/// be seen, and wholly inside that monitor; without an owner in the middle of the primary one.
 void centreOver(HWND owner, HWND dialog) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
@@ -135,14 +135,15 @@ void Win32Toolkit::showModal(Form& dialog) {
   const bool switchesOff = owner && owner->enabled();
   open(dialog);
   if (!dialog.isOpen()) return;
-  if (owner) {
-    // Twice: coming to a monitor of another resolution changes its size.
-    centreOver(windowOf(*owner), windowOf(dialog));
-    centreOver(windowOf(*owner), windowOf(dialog));
-  }
+  const HWND below = owner ? windowOf(*owner) : nullptr;
+  // Twice: coming to a monitor of another resolution changes its size.
+  centreOver(below, windowOf(dialog));
+  centreOver(below, windowOf(dialog));
   // Before the dialog goes: else the system would activate a window of another program.
   const Connection switchOn = dialog.onUnload.connect([&] {
     if (switchesOff) owner->setEnabled(true);
+    // The loop below does not see messages that are sent, and would go on waiting for another one.
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
   });
   if (switchesOff) owner->setEnabled(false);
   dialog.show();

@@ -1,6 +1,6 @@
 #include "forms/panel/PanelFixture.h"
-#include "panel/Icons.h"
 #include "screen/PlayRule.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

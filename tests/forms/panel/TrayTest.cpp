@@ -2,9 +2,9 @@
 #include "fakes/FakeNotificationArea.h"
 #include "fakes/FakeSharedMemory.h"
 #include "forms/panel/PanelFixture.h"
-#include "panel/Icons.h"
 #include "panel/frmAbout.h"
 #include "panel/frmHide.h"
+#include "ui/Icons.h"
 
 namespace tessivo {
 namespace {

@@ -1,4 +1,4 @@
-#include "panel/Icons.h"
+#include "ui/Icons.h"
 
 #include <windows.h>
 
@@ -22,7 +22,7 @@ constexpr int kAll[] = {
     icon::kRepeatOne,        icon::kRepeatList, icon::kInOrder,    icon::kAdd,
     icon::kDelete,           icon::kMoveUp,     icon::kMoveDown,   icon::kClear,
     icon::kHideList,         icon::kShowList,   icon::kError,      icon::kTray,
-    icon::kTrayOfOldWindows, icon::kMenu,
+    icon::kTrayOfOldWindows, icon::kMenu,       icon::kInstalled,
 };
 
 UniqueIcon load(int number, int side) {

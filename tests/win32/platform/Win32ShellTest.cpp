@@ -98,6 +98,16 @@ TEST_F(Win32ShellTest, PathWithBlanksIsOneProgram) {
   EXPECT_TRUE(waitFor([&] { return !noted().empty(); }));
 }
 
+TEST_F(Win32ShellTest, AProgramNamedLikeTheBeginningOfAPathIsNotTakenForIt) {
+  const std::wstring program = toWide(programFolder() + R"(\note_arguments.exe)");
+  for (const char* const name : {"a.exe", "a b.exe"}) {
+    ASSERT_TRUE(CopyFileW(program.c_str(), toWide(folder.file(name)).c_str(), TRUE));
+  }
+  shell.open(0, folder.file("a b.exe"), '"' + folder.file("note.txt") + '"');
+  EXPECT_TRUE(waitFor([&] { return !noted().empty(); }));
+  EXPECT_NE(noted().find("a b.exe"), std::string::npos) << noted();
+}
+
 TEST_F(Win32ShellTest, MissingProgramIsLoggedAndShowsNothing) {
   EXPECT_EQ(boxesOfOpening("no_such_browser"), 0);
   ASSERT_EQ(log.lines.size(), 1U);

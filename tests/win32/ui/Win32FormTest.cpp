@@ -5,7 +5,9 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <atomic>
 #include <cstring>
+#include <thread>
 
 namespace tessivo::ui {
 namespace {
@@ -332,6 +334,48 @@ TEST_F(Win32FormTest, LabelColoursReachThePaintedPixels) {
   const COLORREF corner = GetPixel(dc, 158, 18);
   ReleaseDC(label, dc);
   EXPECT_EQ(corner, static_cast<COLORREF>(RGB(0xFF, 0xCC, 0x00)));
+}
+
+TEST_F(Win32FormTest, ADialogUnloadedByASentMessageIsOver) {
+  TestForm dialog;
+  dialog.onEndSession.listen([&dialog] { dialog.unload(); });
+  std::atomic<bool> over = false;
+  bool wokenInTime = true;
+  std::thread system([&, thread = GetCurrentThreadId()] {
+    while (!IsWindowVisible(windowOf(dialog))) Sleep(1);
+    Sleep(500);  // until nothing that was posted is left, which would wake the loop as well
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(windowOf(dialog), WM_ENDSESSION, TRUE, 0, SMTO_NORMAL, 5000, &answer);
+    for (int i = 0; i < 3000 && !over; ++i) Sleep(1);
+    wokenInTime = over;
+    PostThreadMessageW(thread, WM_NULL, 0, 0);  // or the test would never end
+  });
+  toolkit.showModal(dialog);
+  over = true;
+  system.join();
+  EXPECT_TRUE(wokenInTime);
+}
+
+TEST_F(Win32FormTest, ADialogWithoutAnOwnerIsInTheMiddleOfThePrimaryMonitor) {
+  TestForm dialog;
+  RECT at{};
+  dialog.onActivate.listen([&] {
+    GetWindowRect(windowOf(dialog), &at);
+    PostMessageW(windowOf(dialog), WM_CLOSE, 0, 0);
+  });
+  dialog.onClose.listen([&dialog] { dialog.unload(); });
+  toolkit.showModal(dialog);
+  RECT work{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  EXPECT_NEAR(at.left + at.right, work.left + work.right, 2);
+  EXPECT_NEAR(at.top + at.bottom, work.top + work.bottom, 2);
+}
+
+TEST_F(Win32FormTest, WhatIsSpokenOfAButtonIsNotShown) {
+  TestForm other;
+  other.cmdOk.setAccessibleName("播放器: 确定");
+  toolkit.open(other);
+  EXPECT_EQ(textOf(windowOf(other.cmdOk)), "确定");
 }
 
 TEST_F(Win32FormTest, AnOwnerMadeActiveFromOutsideHandsTheKeyboardToItsDialog) {

@@ -72,11 +72,12 @@ void RealPlayerControl::dropWaitingEvents() {
   host_.dropWaitingEvents([](DISPID) { return true; });
 }
 
-void RealPlayerControl::setSource(const std::string& source) {
+bool RealPlayerControl::takesSource(const std::string& source) {
   const ControlHost::Call during(host_);
-  control_.put(kSource, Variant(toWide(source)));
+  const bool taken = control_.put(kSource, Variant(toWide(source)));
   // After the call: what the control told inside it is about the old item too.
   if (during.isStillMeant()) dropWaitingEvents();
+  return taken;
 }
 
 void RealPlayerControl::play() {

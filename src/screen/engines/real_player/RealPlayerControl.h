@@ -36,7 +36,9 @@ class RealPlayerControl final : public RealPlayerSlot {
   void setVisible(bool visible) override { host_.setVisible(visible); }
   void move(const Rect& pixels) override { host_.move(pixels); }
 
-  void setSource(const std::string& source) override;
+  /// Sets the source; false when the control does not take it, or there is none.
+  bool takesSource(const std::string& source);
+  void setSource(const std::string& source) override { takesSource(source); }
   void play() override;
   void pause() override;
   void stop() override;

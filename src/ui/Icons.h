@@ -28,5 +28,6 @@ inline constexpr int kError = 118;
 inline constexpr int kTray = 119;
 inline constexpr int kTrayOfOldWindows = 120;  ///< few colours, hard edges
 inline constexpr int kMenu = 121;
+inline constexpr int kInstalled = 122;
 
 }  // namespace tessivo::icon
