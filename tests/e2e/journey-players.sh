@@ -128,7 +128,7 @@ with_its_buttons() {
   rm -r "$folder/PlyPcks"
 }
 installer_was_started() {
-  found=$(tr -d '\r' <"$folder/PlyPcks/rpInstall_XP.txt")
+  found=$(head -n 1 "$folder/PlyPcks/rpInstall_XP.txt" | tr -d '\r')
   [[ $found =~ ^start\ style\ 1\ tick\ [0-9]+:\ \"[^\"]*rpInstall_XP.exe\"\ *$ ]]
 }
 
