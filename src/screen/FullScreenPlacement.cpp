@@ -40,6 +40,7 @@ void FullScreenPlacement::enter() {
   normal_.height = toPixels(form_.height(), twips.y);
   showTitleBar(form_, false);
   place(max_);
+  covered_ = max_;
   form_.setTopmost(true);
 }
 
@@ -48,6 +49,15 @@ void FullScreenPlacement::leave() {
   form_.setWindowState(ui::WindowState::normal);
   showTitleBar(form_, true);
   place(normal_);
+}
+
+void FullScreenPlacement::hold(const Displays& displays) {
+  if (!maxSize_ || form_.windowState() != ui::WindowState::normal) return;
+  if (form_.windowRect() == covered_) return;
+  for (const MonitorHandle monitor : displays.enumerate()) {
+    const auto info = displays.info(monitor);
+    if (info && info->monitor == covered_) return place(covered_);
+  }
 }
 
 void FullScreenPlacement::place(const Rect& pixels) {

@@ -3,11 +3,10 @@
 #include <cstdint>
 
 #include "base/Geometry.h"
+#include "platform/Displays.h"
 #include "ui/Form.h"
 
 namespace tessivo {
-
-class cMonitor;
 
 /// Adds or removes the frame of a form (caption, system menu, sizing frame, boxes); the outer size
 /// becomes the former inner size.
@@ -30,6 +29,10 @@ class FullScreenPlacement {
   const Rect& normal() const { return normal_; }
   void setNormal(const Rect& pixels) { normal_ = pixels; }
 
+  /// Moves a full-screen window back over its monitor when something has moved it, as long as that
+  /// monitor is there.
+  void hold(const Displays& displays);
+
  private:
   void enter();
   void leave();
@@ -38,6 +41,7 @@ class FullScreenPlacement {
   ui::Form& form_;
   bool maxSize_ = false;
   Rect max_;
+  Rect covered_;  ///< what the present full screen covers; `max_` may be the next one's
   Rect normal_;
 };
 

@@ -111,7 +111,10 @@ void frmScreen::listenToTimers() {
     timDBClickEvent.setEnabled(false);
     raiseDoubleClick();
   });
-  timFrmPosiReport.onTimer.listen([this] { reportPosition.raise(reportedRect()); });
+  timFrmPosiReport.onTimer.listen([this] {
+    placement_.hold(services_.displays);
+    reportPosition.raise(reportedRect());
+  });
 }
 
 void frmScreen::listenToEngines() {

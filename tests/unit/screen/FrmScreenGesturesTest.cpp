@@ -241,6 +241,47 @@ TEST_F(FrmScreenGesturesTest, TheRectangleIsReportedEveryTwoSecondsUntilUnload) 
   EXPECT_EQ(reports.size(), 2U);
 }
 
+/// What the second monitor of the fixture covers, in twips.
+constexpr Rect kSecondInTwips{15 * 1280, 0, 15 * 1920, 15 * 1080};
+
+class MovedFullScreenTest : public ScreenFixture {
+ protected:
+  /// Over the second monitor; then something makes the window smaller, and two seconds go by.
+  void moveAway() {
+    screen.setMaximum({1280, 0, 1920, 1080});
+    screen.boolMaxSize(true);
+    screen.setMaximum({0, 0, 1280, 1024});  // for the next time
+    screen.noteMoved(elsewhere);
+  }
+  const Rect elsewhere{15 * 1280, 0, 15 * 1920, 15 * 741};
+};
+
+TEST_F(MovedFullScreenTest, IsBackOverItsMonitorWithTheNextReport) {
+  moveAway();
+  time.advance(1999);
+  EXPECT_EQ(screen.bounds(), elsewhere);
+  std::vector<Rect> reports;
+  screen.reportPosition.listen([&reports](const Rect& rect) { reports.push_back(rect); });
+  time.advance(1);
+  EXPECT_EQ(screen.bounds(), kSecondInTwips);
+  EXPECT_EQ(reports, (std::vector<Rect>{{1280, 0, 1920, 1080}}));
+}
+
+TEST_F(MovedFullScreenTest, StaysWhereTheSystemPutItWhenTheMonitorIsGone) {
+  moveAway();
+  displays.remove(displays.enumerate().back());
+  time.advance(2000);
+  EXPECT_EQ(screen.bounds(), elsewhere);
+}
+
+TEST_F(MovedFullScreenTest, AnOrdinaryWindowMayBeMoved) {
+  moveAway();
+  screen.boolMaxSize(false);
+  screen.noteMoved(elsewhere);
+  time.advance(2000);
+  EXPECT_EQ(screen.bounds(), elsewhere);
+}
+
 /// A display whose pixels are not square.
 class FrmScreenOblongTest : public ScreenFixture {
  protected:
