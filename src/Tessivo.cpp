@@ -19,6 +19,7 @@
 #include "data/PrepareDatabase.h"
 #include "monitors/AimMonitor.h"
 #include "monitors/cMonitors.h"
+#include "panel/DatabaseNotice.h"
 #include "panel/ExitQuestion.h"
 #include "panel/frmHide.h"
 #include "panel/frmMain.h"
@@ -58,6 +59,7 @@
 #include "screen/engines/ChosenEngineFactory.h"
 #include "screen/engines/real_player/RealPlayerProbe.h"
 #include "screen/frmScreen.h"
+#include "ui/Timer.h"
 #include "ui/win32/Win32Toolkit.h"
 
 namespace {
@@ -146,7 +148,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   Win32TimerService& timers = ground.timers;
   ui::Win32Toolkit& toolkit = ground.toolkit;
 
-  prepareDatabase(paths.database, *log);
+  const DatabaseState database = prepareDatabase(paths.database, *log);
   const Win32Files files;
   const Win32DesktopWindows windows;
   Win32Pointer pointer;
@@ -195,6 +197,12 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
+  // Over the panel, once the messages go round: the start itself waits for nobody.
+  ui::Timer noticeTimer(timers, "timDatabaseNotice", 1, !databaseNotice(database).empty());
+  noticeTimer.onTimer.listen([&] {
+    noticeTimer.setEnabled(false);
+    showNotice(toolkit, panel, databaseNotice(database));
+  });
   loop.run();
 }
 

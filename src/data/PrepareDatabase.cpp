@@ -150,7 +150,7 @@ DatabaseState replace(const std::string& path, const DataError& damage, Log& log
   log.error("database damaged: " + oneLine(damage.what()));
   if (!canBeWritten(path)) {
     log.error("database left alone: " + path + " cannot be written");
-    return DatabaseState::leftAlone;
+    return DatabaseState::notWritable;
   }
   log.error("damaged database kept as " + keepAside(path));
   create(path);
@@ -166,7 +166,9 @@ DatabaseState checkAndComplete(const std::string& path, Log& log) {
     if (addShippedAssociations(database)) {
       log.info("database completed with file associations: " + path);
     }
-    return DatabaseState::ready;
+    if (canBeWritten(path)) return DatabaseState::ready;
+    log.error("database cannot be written: " + path);
+    return DatabaseState::notWritable;
   } catch (const DataError& error) {
     if (error.fault() != DataFault::damaged) throw;
     // The connection is closed by now, which Windows needs for the renaming.
@@ -184,7 +186,7 @@ DatabaseState prepare(const std::string& path, Log& log) {
   }
   if (isAccessFile(path)) {
     log.info("database left alone: " + path + " is a Microsoft Access file");
-    return DatabaseState::leftAlone;
+    return DatabaseState::accessFile;
   }
   return checkAndComplete(path, log);
 }
@@ -196,7 +198,7 @@ DatabaseState prepareDatabase(const std::string& path, Log& log) {
     return prepare(path, log);
   } catch (const std::exception& error) {
     log.error("database left alone: " + oneLine(error.what()));
-    return DatabaseState::leftAlone;
+    return canBeWritten(path) ? DatabaseState::leftAlone : DatabaseState::notWritable;
   }
 }
 

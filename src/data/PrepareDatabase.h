@@ -8,11 +8,12 @@ namespace tessivo {
 
 /// What prepareDatabase found or did.
 enum class DatabaseState {
-  ready,      ///< it was good; a table or a column that it lacked has been added
-  created,    ///< there was none (or an empty file); now there is one, with the associations alone
-  replaced,   ///< it was damaged; it has been kept aside, and there is a new one like that
-  leftAlone,  ///< it cannot be used or not be written now: Access, read-only, held by another
-              ///< program, no access
+  ready,       ///< it was good; a table or a column that it lacked has been added
+  created,     ///< there was none (or an empty file); now there is one, with the associations alone
+  replaced,    ///< it was damaged; it has been kept aside, and there is a new one like that
+  accessFile,  ///< a Microsoft Access file, left alone
+  notWritable,  ///< what is there, if anything, can be read at most: nothing can be stored
+  leftAlone,    ///< it cannot be used now: another program holds it
 };
 
 /// Sees to it that a usable database lies at `path`, once, before anything reads it. What happened

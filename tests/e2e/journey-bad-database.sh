@@ -1,14 +1,25 @@
 #!/usr/bin/env bash
 # Whatever lies where the database should be, the player starts, says what it found, loses nothing
 # and leaves in order.
-source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/panel.sh"
 journey bad-database
+
+damaged='数据库 SysConfig 已损坏，无法读取其中的播放列表和设置。原文件保留在程序文件夹中，文件名以 SysConfig.damaged 开头；现在使用新的空列表。'
+access='数据库 SysConfig 是 Microsoft Access 文件，泰思维不能使用它，也没有改动它。播放列表和设置不会保存。请把该文件移到别处，再重新启动泰思维。'
 
 # The player opens, plays a file and closes.
 opens_and_plays() {
   rm -f "$folder/Tessivo.log"
   player_start "$folder" "$(player_windows_path "$clips/film.avi")" &&
     says_within 20 ' playing: ' && player_drive close && said ' stop$'
+}
+# The same, with a notice over the panel, which holds nothing up.
+says_so_and_plays() {
+  rm -f "$folder/Tessivo.log"
+  player_start "$folder" "$(player_windows_path "$clips/film.avi")" &&
+    says_within 20 ' playing: ' && player_wait 5 dialog_says "$1" || return
+  desktop_screenshot "$shots/notice.png"
+  player_drive answer cmdYes close && said ' stop$'
 }
 same() { [[ $(sha1sum <"$1") == "$2" ]]; }
 rows_after_restart() {
@@ -30,7 +41,7 @@ check "an empty file: the next run has the list" rows_after_restart 1
 
 truncate -s 3000 "$folder/SysConfig"
 sum=$(sha1sum <"$folder/SysConfig")
-check "a truncated database: the player works" opens_and_plays
+check "a truncated database: the player says so and works" says_so_and_plays "$damaged"
 check "a truncated database is kept aside as it was" same "$folder/SysConfig.damaged-1" "$sum"
 check "a truncated database: the next run has the list" rows_after_restart 1
 
@@ -38,7 +49,7 @@ fresh
 LC_ALL=C awk 'BEGIN { srand(3); for (i = 0; i < 20000; ++i) printf "%c", int(rand() * 255) + 1 }' \
   >"$folder/SysConfig"
 sum=$(sha1sum <"$folder/SysConfig")
-check "random bytes: the player works" opens_and_plays
+check "random bytes: the player says so and works" says_so_and_plays "$damaged"
 check "random bytes are kept aside as they were" same "$folder/SysConfig.damaged-1" "$sum"
 
 fresh
@@ -50,6 +61,14 @@ in_database "update sys set recycle_play = 'x', volume_value = 99999999999,
 check "wrong types and numbers out of range: the player works" opens_and_plays
 check "wrong types and numbers out of range: no file is taken for damaged" test ! -e "$folder/SysConfig.damaged-1"
 check "wrong types and numbers out of range: the list is kept" rows_after_restart 2
+
+fresh
+{ printf '\0\1\0\0Standard Jet DB\0' && head -c 20000 /dev/zero; } >"$folder/SysConfig"
+sum=$(sha1sum <"$folder/SysConfig")
+check "an Access file: the player says so and works" says_so_and_plays "$access"
+check "an Access file stays as it was" same "$folder/SysConfig" "$sum"
+fresh
+player_list "$folder" 1 40 "$clips/film.avi" "$clips/long.mp4"
 
 # Another program holds the database while the player runs.
 rows_before=$(in_database "select count(*) from play_list")

@@ -1,4 +1,6 @@
 #include "forms/panel/PanelFixture.h"
+#include "panel/DatabaseNotice.h"
+#include "panel/Icons.h"
 #include "panel/frmAbout.h"
 #include "ui/Icons.h"
 #include "ui/TabOrder.h"
@@ -113,6 +115,18 @@ TEST_F(MessageBoxTest, ANoticeHasOneButtonThatEnterPresses) {
   });
   showNotice(world->toolkit(), main, "文件路径不合法");
   EXPECT_EQ(seen, "提示|文件路径不合法|确定|");
+}
+
+TEST(DatabaseNotice, IsThereForWhatTheUserHasToKnow) {
+  for (const auto state :
+       {DatabaseState::replaced, DatabaseState::accessFile, DatabaseState::notWritable}) {
+    EXPECT_NE(databaseNotice(state).find("SysConfig"), std::string::npos);
+  }
+  EXPECT_NE(databaseNotice(DatabaseState::replaced).find("SysConfig.damaged"), std::string::npos);
+  for (const auto state :
+       {DatabaseState::ready, DatabaseState::created, DatabaseState::leftAlone}) {
+    EXPECT_EQ(databaseNotice(state), "");
+  }
 }
 
 class AboutTest : public PanelFixture {

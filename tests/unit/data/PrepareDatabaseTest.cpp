@@ -87,8 +87,8 @@ class PrepareDatabaseTest : public testing::Test {
     EXPECT_EQ(tables().size(), 4u);
     EXPECT_EQ(log.errors.size(), 2u);
   }
-  void expectLeftAlone(const std::string& content) {
-    EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+  void expectLeftAlone(const std::string& content, DatabaseState state) {
+    EXPECT_EQ(prepare(), state);
     EXPECT_EQ(contentOf(path), content);
     EXPECT_EQ(folder.fileCount(), 1u);
     EXPECT_EQ(log.infos.size() + log.errors.size(), 1u);
@@ -294,7 +294,7 @@ TEST_F(PrepareDatabaseTest, AnAccessFileIsLeftAlone) {
     const auto content = std::string("\0\1\0\0", 4) + format + std::string(5000, '\0');
     writeFile(path, content);
     log = {};
-    expectLeftAlone(content);
+    expectLeftAlone(content, DatabaseState::accessFile);
   }
 }
 
@@ -310,13 +310,13 @@ TEST_F(PrepareDatabaseTest, ADatabaseHeldByAnotherProgramIsLeftAlone) {
 
 TEST_F(PrepareDatabaseTest, AFolderInThePlaceOfTheFileIsLeftAlone) {
   std::filesystem::create_directory(toFilePath(path));
-  EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+  EXPECT_EQ(prepare(), DatabaseState::notWritable);
   EXPECT_TRUE(std::filesystem::is_directory(toFilePath(path)));
 }
 
 TEST_F(PrepareDatabaseTest, AMissingProgramFolderIsLogged) {
   EXPECT_EQ(prepareDatabase(folder.file("no/such/folder/SysConfig"), log),
-            DatabaseState::leftAlone);
+            DatabaseState::notWritable);
   EXPECT_EQ(log.errors.size(), 1u);
 }
 
@@ -324,7 +324,7 @@ TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseIsLeftAsItIsAndCanBeLoadedButNotSav
   const auto content = storeAList(3);
   {
     const WriteProtected protection(path);
-    EXPECT_EQ(prepare(), DatabaseState::ready);
+    EXPECT_EQ(prepare(), DatabaseState::notWritable);
     EXPECT_TRUE(list.boolGetPlayListFromPLDB());
     EXPECT_EQ(list.lngListCount(), 3);
     list.deleteAItem(list.objGetAItem(1)->strKey);
@@ -340,7 +340,7 @@ TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseThatLacksATableIsLeftAlone) {
   const auto content = contentOf(path);
   {
     const WriteProtected protection(path);
-    expectLeftAlone(content);
+    expectLeftAlone(content, DatabaseState::notWritable);
   }
 }
 
@@ -350,7 +350,7 @@ TEST_F(PrepareDatabaseTest, ADamagedFileThatIsReadOnlyIsLeftAlone) {
   std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
   {
     const WriteProtected protection(path);
-    EXPECT_EQ(prepare(), DatabaseState::leftAlone);
+    EXPECT_EQ(prepare(), DatabaseState::notWritable);
   }
   EXPECT_EQ(contentOf(path), "not a database");
   EXPECT_EQ(folder.fileCount(), 1u);

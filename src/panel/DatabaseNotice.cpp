@@ -1,0 +1,24 @@
+#include "panel/DatabaseNotice.h"
+
+namespace tessivo {
+
+std::string databaseNotice(DatabaseState state) {
+  switch (state) {
+    case DatabaseState::replaced:
+      return "数据库 SysConfig 已损坏，无法读取其中的播放列表和设置。原文件保留在程序文件夹中，"
+             "文件名以 SysConfig.damaged 开头；现在使用新的空列表。";
+    case DatabaseState::accessFile:
+      return "数据库 SysConfig 是 Microsoft Access 文件，泰思维不能使用它，也没有改动它。"
+             "播放列表和设置不会保存。请把该文件移到别处，再重新启动泰思维。";
+    case DatabaseState::notWritable:
+      return "无法写入程序文件夹中的数据库 SysConfig，播放列表和设置不会保存。"
+             "请把泰思维放到您有权写入的文件夹中。";
+    case DatabaseState::ready:
+    case DatabaseState::created:
+    case DatabaseState::leftAlone:
+      break;
+  }
+  return "";
+}
+
+}  // namespace tessivo
