@@ -1,6 +1,8 @@
 # Compile options of our own code. Third-party code is built without them (see Dependencies.cmake).
 add_library(tessivo_options INTERFACE)
-target_include_directories(tessivo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+set(TESSIVO_GENERATED ${PROJECT_BINARY_DIR}/generated)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/Version.h.in ${TESSIVO_GENERATED}/base/TessivoVersion.h @ONLY)
+target_include_directories(tessivo_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${TESSIVO_GENERATED})
 target_compile_options(tessivo_options INTERFACE
   -Wall -Wextra -Werror -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
   -Wcast-align -Wimplicit-fallthrough -Wextra-semi)
@@ -15,7 +17,8 @@ if(WIN32)
   # C casts inside the system's macros (MAKEINTRESOURCE and the like) are not ours to mend.
   target_compile_options(tessivo_options INTERFACE -Wno-old-style-cast -Wno-cast-function-type)
   # No run-time dependency beyond Windows: libgcc, libstdc++ and winpthread go into the program.
-  target_link_options(tessivo_options INTERFACE -static)
+  # And the same source gives the same bytes, whenever it is built.
+  target_link_options(tessivo_options INTERFACE -static -Wl,--no-insert-timestamp)
 endif()
 
 if(TESSIVO_SANITIZE)

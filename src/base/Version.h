@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/TessivoVersion.h"
+
 namespace tessivo {
 
-/// The program's version as the user sees it; Tessivo.rc and Tessivo.manifest carry it too.
-inline constexpr const char* kVersion = "0.1.0";
+/// The program's version as the user sees it.
+inline constexpr const char* kVersion = TESSIVO_VERSION;
 
 }  // namespace tessivo
