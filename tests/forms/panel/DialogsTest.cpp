@@ -1,6 +1,5 @@
 #include "forms/panel/PanelFixture.h"
 #include "panel/DatabaseNotice.h"
-#include "panel/Icons.h"
 #include "panel/frmAbout.h"
 #include "ui/Icons.h"
 #include "ui/TabOrder.h"

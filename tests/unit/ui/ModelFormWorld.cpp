@@ -31,7 +31,8 @@ class ModelFormWorld : public FormWorld {
   int rowCount(const ListView& list) override { return list.rowCount(); }
   int selectedRow(const ListView& list) override { return list.selected(); }
   std::string cell(const ListView& list, int row, int column) override {
-    return column == 0 ? list.row(row).title : list.row(row).subItems.at(static_cast<std::size_t>(column) - 1);
+    return column == 0 ? list.row(row).title
+                       : list.row(row).subItems.at(static_cast<std::size_t>(column) - 1);
   }
   bool isTicked(const ListView& list, int row) override { return list.row(row).checked; }
 
