@@ -59,7 +59,6 @@
 #include "screen/engines/ChosenEngineFactory.h"
 #include "screen/engines/real_player/RealPlayerProbe.h"
 #include "screen/frmScreen.h"
-#include "ui/Timer.h"
 #include "ui/win32/Win32Toolkit.h"
 
 namespace {
@@ -197,12 +196,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
-  // Over the panel, once the messages go round: the start itself waits for nobody.
-  ui::Timer noticeTimer(timers, "timDatabaseNotice", 1, !databaseNotice(database).empty());
-  noticeTimer.onTimer.listen([&] {
-    noticeTimer.setEnabled(false);
-    showNotice(toolkit, panel, databaseNotice(database));
-  });
+  const DatabaseNotice notice(toolkit, timers, panel, database);
   loop.run();
 }
 

@@ -1,5 +1,7 @@
 #include "panel/DatabaseNotice.h"
 
+#include "panel/frmMsgBox.h"
+
 namespace tessivo {
 
 std::string databaseNotice(DatabaseState state) {
@@ -19,6 +21,15 @@ std::string databaseNotice(DatabaseState state) {
       break;
   }
   return "";
+}
+
+DatabaseNotice::DatabaseNotice(ui::Toolkit& toolkit, TimerService& timers, ui::Form& owner,
+                               DatabaseState state)
+    : timer_(timers, "timDatabaseNotice", 1, !databaseNotice(state).empty()) {
+  timer_.onTimer.listen([this, &toolkit, &owner, state] {
+    timer_.setEnabled(false);
+    showNotice(toolkit, owner, databaseNotice(state));
+  });
 }
 
 }  // namespace tessivo

@@ -128,6 +128,26 @@ TEST(DatabaseNotice, IsThereForWhatTheUserHasToKnow) {
   }
 }
 
+TEST_F(MessageBoxTest, ANoticeAboutTheDatabaseComesOnceWhenTheMessagesGoRound) {
+  std::vector<std::string> seen;
+  world->answerDialogs([this, &seen](ui::Form& form) {
+    auto& notice = dynamic_cast<frmMsgBox&>(form);
+    seen.push_back(world->text(notice.labNote));
+    time.advance(100);  // it is up for a while
+    world->click(notice.cmdYes);
+  });
+  const DatabaseNotice notice(world->toolkit(), time, main, DatabaseState::replaced);
+  EXPECT_EQ(seen, std::vector<std::string>());
+  time.advance(100);
+  EXPECT_EQ(seen, std::vector<std::string>{databaseNotice(DatabaseState::replaced)});
+}
+
+TEST_F(MessageBoxTest, AGoodDatabaseIsNotSpokenOf) {
+  world->answerDialogs([](ui::Form&) { FAIL() << "a dialog"; });
+  const DatabaseNotice notice(world->toolkit(), time, main, DatabaseState::ready);
+  time.advance(100);
+}
+
 class AboutTest : public PanelFixture {
  protected:
   void show(std::function<void()> answer) {
