@@ -140,6 +140,7 @@ entry_menu() {
   desktop_screenshot "$shots/entry-menu.png"
   key Escape
   check "Escape closes it" player_wait 5 menu_is_closed
+  sleep 0.6  # sooner it would be a double click, which means nothing
   xdotool mousemove "$x" "$y" click 3
   player_wait 5 menu_is_open
   xdotool mousemove_relative 20 12 click 1

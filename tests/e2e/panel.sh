@@ -83,10 +83,16 @@ panel_is() {
   found="panel $(player_shows panel)"
   [[ $found == *" $1" ]]
 }
-# Once the X server gives the panel the keyboard, so that the keys reach its close box.
+# Once the X server gives the panel itself the keyboard, so that the keys reach its close box and not
+# that of the picture's window.
 hide_panel() {
-  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null
-  player_wait 5 player_has_x_focus || return
+  player_wait 10 panel_takes_keyboard || return
   key alt+F4
   player_wait 10 panel_is hidden
+}
+panel_takes_keyboard() {
+  if [[ $(xdotool getwindowfocus getwindowname) == 'Tessivo 泰思维' ]]; then return; fi
+  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null || true
+  sleep 0.2
+  return 1
 }
