@@ -86,13 +86,17 @@ panel_is() {
 # Once the X server gives the panel itself the keyboard, so that the keys reach its close box and not
 # that of the picture's window.
 hide_panel() {
+  activate_panel
   player_wait 10 panel_takes_keyboard || return
   key alt+F4
   player_wait 10 panel_is hidden
 }
+activate_panel() {
+  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null || true
+}
 panel_takes_keyboard() {
   if [[ $(xdotool getwindowfocus getwindowname) == 'Tessivo 泰思维' ]]; then return; fi
-  xdotool search --onlyvisible --name '^Tessivo 泰思维$' windowactivate 2>/dev/null || true
   sleep 0.2
+  activate_panel
   return 1
 }
