@@ -34,10 +34,6 @@ menu_is_on_left() {
   found="menu at $menu_x $menu_y $menu_w $menu_h"
   ((menu_x >= 0 && menu_y >= 0 && menu_x + menu_w <= 1280 && menu_y + menu_h <= 1024))
 }
-panel_is_on_right() {
-  found="panel $(player_shows panel)"
-  [[ $found =~ ^panel\ ([0-9]+), ]] && ((BASH_REMATCH[1] >= 1280))
-}
 menu_is_seen() { is_bright "${menu_w}x$menu_h+$menu_x+$menu_y"; }
 # Its lower left part, where there is neither a picture nor a button.
 dialog_is_seen() {
@@ -91,7 +87,7 @@ the_menu() {
   open_tray_menu
   xdotool mousemove 1900 900 click 1
   check "a click on the show closes it" player_wait 3 menu_is_closed
-  check "and brings the panel there" player_wait 5 panel_is_on_right
+  sleep 1.5  # the click may reach the picture as well, which brings the panel there
   check "the show goes on" show_goes_on
 }
 
