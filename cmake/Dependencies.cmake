@@ -7,6 +7,8 @@ function(tessivo_require path what)
   endif()
 endfunction()
 
+tessivo_require(${TESSIVO_DEPS_DIR}/access/fruit.mdb "A file of Access for the tests")
+
 # SQLite, one pinned amalgamation for both worlds.
 tessivo_require(${TESSIVO_DEPS_DIR}/sqlite3/sqlite3.c "SQLite's amalgamation")
 add_library(sqlite3 STATIC ${TESSIVO_DEPS_DIR}/sqlite3/sqlite3.c)

@@ -15,8 +15,9 @@
 #include "app/Request.h"
 #include "app/RequestReceiver.h"
 #include "app/StartUp.h"
+#include "app/StartWish.h"
 #include "config/CheckUserFigure.h"
-#include "data/PrepareDatabase.h"
+#include "data/MoveIn.h"
 #include "monitors/AimMonitor.h"
 #include "monitors/cMonitors.h"
 #include "panel/DatabaseNotice.h"
@@ -100,7 +101,7 @@ void callFirstInstance() {
   const Win32Clock clock;
   const auto log = openLog(formProgramPaths(programFolder()), clock);
   Win32Messaging messaging;
-  PrevInstance(messaging, *log).handOver(commandLineArguments());
+  PrevInstance(messaging, *log).handOver(startWish(commandLineArguments()).commandLine);
 }
 
 /// What the player check needs as well as all that comes after it.
@@ -139,15 +140,18 @@ bool playersAreThere(Ground& ground, const EngineChoices& choices) {
 }
 
 void runPlayer(Ground& ground, const EngineChoices& choices) {
-  const ProgramPaths& paths = ground.paths;
   const Win32Clock& clock = ground.clock;
   const Win32Displays& displays = ground.displays;
   const auto& log = ground.log;
+  const StartWish wish = startWish(commandLineArguments());
   Win32MessageLoop& loop = ground.loop;
   Win32TimerService& timers = ground.timers;
   ui::Win32Toolkit& toolkit = ground.toolkit;
 
-  const DatabaseState database = prepareDatabase(paths.database, *log);
+  const WorkingDatabase database = wish.convert ? convertDatabase(ground.paths.database, *log)
+                                                : chooseDatabase(ground.paths.database, *log);
+  ProgramPaths paths = ground.paths;
+  paths.database = database.path;
   const Win32Files files;
   const Win32DesktopWindows windows;
   Win32Pointer pointer;
@@ -193,10 +197,10 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
     const bool overPanel = panel.visible() && panel.enabled();
     configFace.open(overPanel ? static_cast<ui::Form&>(panel) : tray);
   });
-  startUp({paths, commandLineArguments(), displays, *log, aimMonitor, playList, controler, screen,
+  startUp({paths, wish.commandLine, displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
-  const DatabaseNotice notice(toolkit, timers, panel, database);
+  const DatabaseNotice notice(toolkit, timers, panel, database.state);
   loop.run();
 }
 

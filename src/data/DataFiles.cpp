@@ -17,12 +17,24 @@ bool isAccessFile(const std::string& path) {
   return format == "Standard Jet DB" || format == "Standard ACE DB";
 }
 
+bool canBeWritten(const std::string& path) {
+  return std::fstream(toFilePath(path), std::ios::in | std::ios::out | std::ios::binary).is_open();
+}
+
 std::string freeNameBeside(const std::string& path, const std::string& suffix) {
   for (int number = 1;; ++number) {
     auto name = path + suffix + std::to_string(number);
     std::error_code error;
     if (!std::filesystem::exists(toFilePath(name), error)) return name;
   }
+}
+
+std::string keepAside(const std::string& path, const std::string& suffix) {
+  std::error_code none;
+  std::string aside = freeNameBeside(path, suffix);
+  std::filesystem::rename(toFilePath(path), toFilePath(aside));
+  std::filesystem::rename(toFilePath(path + "-journal"), toFilePath(aside + "-journal"), none);
+  return aside;
 }
 
 }  // namespace tessivo

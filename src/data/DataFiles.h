@@ -7,7 +7,15 @@ namespace tessivo {
 /// Whether the file is one of Microsoft Access, by its first bytes. No such file: no.
 bool isAccessFile(const std::string& path);
 
+/// Whether the file is there and may be written; it stays as it is.
+bool canBeWritten(const std::string& path);
+
 /// `path` + `suffix` + the first number from 1 whose name no file has.
 std::string freeNameBeside(const std::string& path, const std::string& suffix);
+
+/// Gives the database at `path` a free name beside it and returns that. A journal that is still
+/// there goes along: another database at `path` must not find it. Throws
+/// std::filesystem::filesystem_error.
+std::string keepAside(const std::string& path, const std::string& suffix);
 
 }  // namespace tessivo

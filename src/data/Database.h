@@ -50,11 +50,14 @@ class Database {
   virtual void commit() = 0;
 };
 
+/// The table of a "select * from table …"; "" for any other statement.
+std::string tableOf(std::string_view sql);
+
 /// "DBQ=" + path + the driver's name.
 std::string connectionStringFor(const std::string& path);
 
-/// Opens the file that the connection string names, which must exist. An Access file is refused.
-/// Throws DataError.
+/// Opens the file that the connection string names, which must exist. An Access file is opened
+/// through its ODBC driver, of that name or of the newer one. Throws DataError.
 std::shared_ptr<Database> openDatabase(const std::string& connectionString);
 
 }  // namespace tessivo

@@ -87,13 +87,12 @@ void PlayList::appendRows(Recordset& rows) const {
   });
 }
 
-/// An Access file needs no copy: without its driver it cannot be overwritten either.
 bool PlayList::keepUnreadFile() {
   std::error_code error;
   const auto file = toFilePath(path_);
   const bool holdsSomething =
       std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) > 0;
-  if (holdsSomething && !isAccessFile(path_)) {
+  if (holdsSomething) {
     const std::string copy = freeNameBeside(path_, ".unread-");
     report_ = "the stored list could not be read; a copy of it: " + copy;
     if (!std::filesystem::copy_file(file, toFilePath(copy), error)) {

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -128,19 +127,6 @@ void checkPages(const std::string& path, Database& database) {
   }
 }
 
-bool canBeWritten(const std::string& path) {
-  return std::fstream(toFilePath(path), std::ios::in | std::ios::out | std::ios::binary).is_open();
-}
-
-/// A journal that is still there goes along; the new database must not find it.
-std::string keepAside(const std::string& path) {
-  std::error_code none;
-  std::string aside = freeNameBeside(path, ".damaged-");
-  std::filesystem::rename(toFilePath(path), toFilePath(aside));
-  std::filesystem::rename(toFilePath(path + "-journal"), toFilePath(aside + "-journal"), none);
-  return aside;
-}
-
 std::string oneLine(std::string text) {
   std::replace(text.begin(), text.end(), '\n', ' ');
   return text;
@@ -152,7 +138,7 @@ DatabaseState replace(const std::string& path, const DataError& damage, Log& log
     log.error("database left alone: " + path + " cannot be written");
     return DatabaseState::notWritable;
   }
-  log.error("damaged database kept as " + keepAside(path));
+  log.error("damaged database kept as " + keepAside(path, ".damaged-"));
   create(path);
   log.info("database created: " + path);
   return DatabaseState::replaced;

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <type_traits>
 
-#include "base/Text.h"
 #include "data/DataError.h"
 
 namespace tessivo {
@@ -38,27 +37,6 @@ std::string quoted(std::string_view identifier) {
     text += c;
   }
   return text + '"';
-}
-
-std::string_view firstWord(std::string_view text) {
-  const auto isPart = [](char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-  };
-  std::size_t length = 0;
-  while (length < text.size() && isPart(text[length])) ++length;
-  return text.substr(0, length);
-}
-
-/// The table of a "select * from table …"; "" for any other statement.
-std::string tableOf(std::string_view sql) {
-  constexpr std::string_view kStart = "SELECT * FROM ";
-  sql = trim(sql);
-  if (toUpper(sql.substr(0, kStart.size())) != kStart) return {};
-  const auto rest = sql.substr(kStart.size());
-  const auto table = firstWord(rest);
-  const auto after = toUpper(firstWord(trim(rest.substr(table.size()))));
-  const bool single = table.size() == rest.size() || after == "WHERE" || after == "ORDER";
-  return single ? std::string(table) : std::string();
 }
 
 Value columnOf(sqlite3_stmt* row, int column) {

@@ -5,7 +5,8 @@ source "$(dirname "${BASH_SOURCE[0]}")/panel.sh"
 journey bad-database
 
 damaged='数据库 SysConfig 已损坏，无法读取其中的播放列表和设置。原文件保留在程序文件夹中，文件名以 SysConfig.damaged 开头；现在使用新的空列表。'
-access='数据库 SysConfig 是 Microsoft Access 文件，泰思维不能使用它，也没有改动它。播放列表和设置不会保存。请把该文件移到别处，再重新启动泰思维。'
+access='数据库 SysConfig 是 Microsoft Access 文件，在这台电脑上无法读取（没有它的驱动程序，或文件已损坏，详见 Tessivo.log）。原文件没有改动；播放列表和设置现在保存在新的数据库 SysConfig.db 中。'
+not_converted='没有转换：SysConfig 不是 Microsoft Access 文件，或在这台电脑上无法读取，详见 Tessivo.log。原文件没有改动。'
 
 # The player opens, plays a file and closes.
 opens_and_plays() {
@@ -67,6 +68,15 @@ fresh
 sum=$(sha1sum <"$folder/SysConfig")
 check "an Access file: the player says so and works" says_so_and_plays "$access"
 check "an Access file stays as it was" same "$folder/SysConfig" "$sum"
+check "an Access file: the next run has the list, from the new database" rows_after_restart 1
+converts_or_says_so() {
+  player_start "$folder" --convert && player_wait 5 dialog_says "$not_converted" || return
+  desktop_screenshot "$shots/not-converted.png"
+  player_drive answer cmdYes && [[ $(player_shows rows) == 1 ]] && player_drive close
+}
+check "an Access file that cannot be converted: the player says so and works" converts_or_says_so
+check "an Access file that cannot be converted stays as it was" same "$folder/SysConfig" "$sum"
+
 fresh
 player_list "$folder" 1 40 "$clips/film.avi" "$clips/long.mp4"
 

@@ -16,7 +16,8 @@ namespace tessivo {
 /// folder may.
 class TempFolder {
  public:
-  TempFolder() : path_(std::filesystem::temp_directory_path() / toFilePath(uniqueName())) {
+  explicit TempFolder(const std::string& kind = "tessivo test; 泰思维 ")
+      : path_(std::filesystem::temp_directory_path() / toFilePath(kind + uniqueNumber())) {
     std::filesystem::create_directories(path_);
   }
   ~TempFolder() {
@@ -37,10 +38,10 @@ class TempFolder {
   }
 
  private:
-  static std::string uniqueName() {
+  static std::string uniqueNumber() {
     static std::atomic<int> number = 0;
     const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-    return "tessivo test; 泰思维 " + std::to_string(ticks) + "-" + std::to_string(++number);
+    return std::to_string(ticks) + "-" + std::to_string(++number);
   }
   std::filesystem::path path_;
 };

@@ -118,12 +118,13 @@ TEST_F(MessageBoxTest, ANoticeHasOneButtonThatEnterPresses) {
 
 TEST(DatabaseNotice, IsThereForWhatTheUserHasToKnow) {
   for (const auto state :
-       {DatabaseState::replaced, DatabaseState::accessFile, DatabaseState::notWritable}) {
+       {DatabaseState::replaced, DatabaseState::accessFile, DatabaseState::notWritable,
+        DatabaseState::converted, DatabaseState::notConverted}) {
     EXPECT_NE(databaseNotice(state).find("SysConfig"), std::string::npos);
   }
   EXPECT_NE(databaseNotice(DatabaseState::replaced).find("SysConfig.damaged"), std::string::npos);
-  for (const auto state :
-       {DatabaseState::ready, DatabaseState::created, DatabaseState::leftAlone}) {
+  for (const auto state : {DatabaseState::ready, DatabaseState::created, DatabaseState::leftAlone,
+                           DatabaseState::accessInUse}) {
     EXPECT_EQ(databaseNotice(state), "");
   }
 }

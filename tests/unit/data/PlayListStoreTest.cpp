@@ -302,14 +302,14 @@ TEST_F(PlayListStoreTest, AListThatWasReadIsReplacedWithoutACopy) {
   EXPECT_EQ(folder.fileCount(), 1u);
 }
 
-TEST_F(PlayListStoreTest, AnAccessFileIsLeftAloneWithoutACopy) {
+TEST_F(PlayListStoreTest, AnAccessFileThatCannotBeReadStaysAsItWas) {
   const std::string content = std::string("\0\1\0\0Standard ACE DB\0", 20) + std::string(4000, 'x');
   writeFile(path, content);
   EXPECT_FALSE(list.boolGetPlayListFromPLDB());
   add("a");
   EXPECT_FALSE(list.boolSavePlayListToPLDB());
   EXPECT_EQ(contentOf(path), content);
-  EXPECT_EQ(folder.fileCount(), 1u);
+  EXPECT_EQ(contentOf(path + ".unread-1"), content);
 }
 
 TEST_F(PlayListStoreTest, AMissingColumnMakesLoadingFailWithAnEmptyList) {

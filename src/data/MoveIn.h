@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "data/PrepareDatabase.h"
+#include "platform/Log.h"
+
+namespace tessivo {
+
+/// The database that the program works on from the start to the end.
+struct WorkingDatabase {
+  std::string path;
+  DatabaseState state = DatabaseState::ready;
+};
+
+/// Usually the file at `path`, seen to by prepareDatabase. When that is a Microsoft Access file:
+/// the program's own database beside it, "….db", if there is one, else the Access file through its
+/// ODBC driver, and without a driver a new database beside it. The Access file itself is only ever
+/// written through the driver. What was chosen goes to the log; nothing throws.
+WorkingDatabase chooseDatabase(const std::string& path, Log& log);
+
+/// Copies settings, playlist and file associations of the Access file at `path` into a new database
+/// of the program's own beside it, "….db", and works on that. One that is there already is kept as
+/// "….db.old-1" and so on. When it fails nothing has changed and what chooseDatabase says is used.
+WorkingDatabase convertDatabase(const std::string& path, Log& log);
+
+}  // namespace tessivo
