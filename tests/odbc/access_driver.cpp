@@ -4,6 +4,7 @@
 #include <dlfcn.h>
 #include <sqlext.h>
 
+#include <algorithm>
 #include <string>
 
 extern "C" SQLRETURN SQL_API SQLDriverConnect(SQLHDBC connection, SQLHWND window, SQLCHAR* text,
@@ -17,8 +18,12 @@ extern "C" SQLRETURN SQL_API SQLDriverConnect(SQLHDBC connection, SQLHWND window
   const std::string key = "DBQ=";
   const auto end = given.rfind(";DRIVER=");
   if (given.rfind(key, 0) != 0 || end == std::string::npos) return SQL_ERROR;
-  std::string passed =
-      "Database=" + given.substr(key.size(), end - key.size()) + ".rows;Timeout=50;";
+  std::string file = given.substr(key.size(), end - key.size());
+  if (file.rfind("Z:\\", 0) == 0) {  // called from Wine
+    file.erase(0, 2);
+    std::replace(file.begin(), file.end(), '\\', '/');
+  }
+  std::string passed = "Database=" + file + ".rows;Timeout=50;";
   return next(connection, window, reinterpret_cast<SQLCHAR*>(passed.data()),
               static_cast<SQLSMALLINT>(passed.size()), out, room, outLength, completion);
 }

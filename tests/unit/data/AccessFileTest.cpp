@@ -231,6 +231,18 @@ TEST_F(WithoutDriverTest, OpeningTheFileSaysThatTheDriverIsMissing) {
   }
 }
 
+TEST_F(WithoutDriverTest, APathThatOdbcWouldCutShortIsInBraces) {
+  const std::string odd = folder.file("a;b{c}");
+  writeFile(odd, kAccessFile);
+  try {
+    openDatabase(connectionStringFor(odd));
+    FAIL() << "no exception";
+  } catch (const DataError& error) {
+    const std::string expected = "DBQ={" + folder.file("a;b{c}}") + "};DRIVER={";
+    EXPECT_TRUE(std::string(error.what()).starts_with(expected)) << error.what();
+  }
+}
+
 TEST_F(WithoutDriverTest, NothingCanBeConverted) {
   const WorkingDatabase working = convertDatabase(path, log);
   EXPECT_EQ(working.path, own);
