@@ -112,7 +112,7 @@ struct Ground {
 
   const ComApartment apartment;
   const Win32Clock clock;
-  const ProgramPaths paths = formProgramPaths(programFolder());
+  ProgramPaths paths = formProgramPaths(programFolder());
   const std::unique_ptr<FileLog> log = openLog(paths, clock);
   const Win32Displays displays;
   Win32MessageLoop loop;
@@ -139,7 +139,17 @@ bool playersAreThere(Ground& ground, const EngineChoices& choices) {
   return check.checkPlayers();
 }
 
+/// The file that all who read or write the database are told of, and what the user is to know of
+/// it.
+DatabaseState takeDatabase(Ground& ground, bool convert) {
+  const auto take = convert ? convertDatabase : chooseDatabase;
+  const WorkingDatabase database = take(ground.paths.database, *ground.log);
+  ground.paths.database = database.path;
+  return database.state;
+}
+
 void runPlayer(Ground& ground, const EngineChoices& choices) {
+  const ProgramPaths& paths = ground.paths;
   const Win32Clock& clock = ground.clock;
   const Win32Displays& displays = ground.displays;
   const auto& log = ground.log;
@@ -147,11 +157,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   Win32MessageLoop& loop = ground.loop;
   Win32TimerService& timers = ground.timers;
   ui::Win32Toolkit& toolkit = ground.toolkit;
-
-  const WorkingDatabase database = wish.convert ? convertDatabase(ground.paths.database, *log)
-                                                : chooseDatabase(ground.paths.database, *log);
-  ProgramPaths paths = ground.paths;
-  paths.database = database.path;
+  const DatabaseState database = takeDatabase(ground, wish.convert);
   const Win32Files files;
   const Win32DesktopWindows windows;
   Win32Pointer pointer;
@@ -200,7 +206,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   startUp({paths, wish.commandLine, displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
-  const DatabaseNotice notice(toolkit, timers, panel, database.state);
+  const DatabaseNotice notice(toolkit, timers, panel, database);
   loop.run();
 }
 
