@@ -3,6 +3,7 @@
 ;
 ; Silently:  Tessivo-VERSION-setup.exe /S [/DESKTOP] [/AUTOSTART] [/TYPES] [/D=FOLDER]
 ;            Uninstall.exe /S [/DATA]      /DATA takes the playlist and the settings away, too
+; The exit code is 0, or 1 or 2 when it was given up; then nothing has changed unless the disk is full.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -27,6 +28,8 @@ RequestExecutionLevel user
 ; The title of the window that ends the program, without a question, when it is closed.
 !define TRAY_TITLE "play27182831415"
 !define LEAVING_STEPS 100  ; of 100 ms
+!define TRIAL "Tessivo-setup-trial"
+!define QUERY_LIMITED_INFORMATION 0x1000
 
 Name "${NAME}"
 OutFile "${OUTPUT}"
@@ -51,6 +54,7 @@ VIAddVersionKey /LANG=2052 "LegalCopyright" "MIT License"
 !define MUI_FINISHPAGE_RUN_TEXT "运行泰思维"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${GENERATED}/License.txt"
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE leaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_INSTFILES
@@ -61,39 +65,70 @@ VIAddVersionKey /LANG=2052 "LegalCopyright" "MIT License"
 ; The program's own typeface.
 SetFont /LANG=2052 "Microsoft YaHei UI" 9
 
+Var access
 Var asked
-Var file
-Var machine
+Var before
+Var blocked
+Var extension
+Var folder
+Var handle
+Var keep
+Var left
+Var problem
+Var product
 Var step
-Var used
 Var value
 Var window
 
-; Asks a Tessivo that runs from this folder to leave, and waits until it has: the file of a running
-; program cannot be written.
-!macro programIsUsed result
-  StrCpy ${result} "no"
-  ${If} ${FileExists} "$INSTDIR\Tessivo.exe"
+; Sets $blocked to the first program in $folder that cannot be written, as those that run cannot.
+!macro tryProgram name
+  ${If} $blocked == ""
+  ${AndIf} ${FileExists} "$folder\${name}"
     ClearErrors
-    FileOpen $file "$INSTDIR\Tessivo.exe" a
+    FileOpen $handle "$folder\${name}" a
     ${If} ${Errors}
-      StrCpy ${result} "yes"
+      StrCpy $blocked "$folder\${name}"
     ${Else}
-      FileClose $file
+      FileClose $handle
     ${EndIf}
   ${EndIf}
 !macroend
 
-!macro leaveProgram un
-Function ${un}leaveProgram
-  StrCpy $asked "no"
-  retry:
-  !insertmacro programIsUsed $used
-  ${If} $used == "no"
+!macro leaving un
+Function ${un}findBlocked
+  StrCpy $blocked ""
+  !insertmacro ForEachProgram tryProgram
+FunctionEnd
+
+; Sets $window to that of the Tessivo that runs from $folder, or 0: one of another folder is left alone.
+Function ${un}findWindow
+  FindWindow $window "" "${TRAY_TITLE}"
+  ${If} $window = 0
     Return
   ${EndIf}
-  FindWindow $window "" "${TRAY_TITLE}"
-  ${If} $window != 0
+  StrCpy $0 0
+  System::Call "user32::GetWindowThreadProcessId(p $window, *i .r0)"
+  System::Call "kernel32::OpenProcess(i ${QUERY_LIMITED_INFORMATION}, i 0, i r0) p .r1"
+  StrCpy $2 ""
+  StrCpy $3 ${NSIS_MAX_STRLEN}
+  System::Call "kernel32::QueryFullProcessImageNameW(p r1, i 0, w .r2, *i r3 r3)"
+  System::Call "kernel32::CloseHandle(p r1)"
+  ${If} $2 != "$folder\Tessivo.exe"
+    StrCpy $window 0
+  ${EndIf}
+FunctionEnd
+
+; Returns when all programs in $folder can be written. A Tessivo that runs there is asked to leave, and
+; time is given for it; who runs anything else is asked to close it. Else gives up.
+Function ${un}leavePrograms
+  StrCpy $asked "no"
+  retry:
+  Call ${un}findBlocked
+  ${If} $blocked == ""
+    Return
+  ${EndIf}
+  Call ${un}findWindow
+  ${If} $window <> 0
     ${If} $asked == "no"
       MessageBox MB_OKCANCEL|MB_ICONINFORMATION "泰思维正在运行。按“确定”退出泰思维并继续。" /SD IDOK IDOK agreed
       SetErrorLevel 1
@@ -103,31 +138,150 @@ Function ${un}leaveProgram
     ${EndIf}
     System::Call "user32::PostMessageW(p $window, i ${WM_CLOSE}, p 0, p 0)"
   ${EndIf}
-  ${For} $step 1 ${LEAVING_STEPS}
-    Sleep 100
-    !insertmacro programIsUsed $used
-    ${If} $used == "no"
-      Return
-    ${EndIf}
-  ${Next}
-  MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "无法写入 $INSTDIR\Tessivo.exe。请先退出泰思维，并检查您是否有权写入该文件夹。" /SD IDCANCEL IDRETRY retry
+  ${If} $window <> 0
+  ${OrIf} ${Silent}
+    ${For} $step 1 ${LEAVING_STEPS}
+      Sleep 100
+      Call ${un}findBlocked
+      ${If} $blocked == ""
+        Return
+      ${EndIf}
+    ${Next}
+  ${EndIf}
+  MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$blocked 正在运行或无法写入。请退出泰思维，关闭屏保程序和它的设置窗口，并检查您是否有权写入该文件，然后重试。" /SD IDCANCEL IDRETRY retry
   SetErrorLevel 2
   Abort
 FunctionEnd
 !macroend
-!insertmacro leaveProgram ""
-!insertmacro leaveProgram "un."
+!insertmacro leaving ""
+!insertmacro leaving "un."
+
+; Sets $product to what $INSTDIR\Uninstall.exe says of itself.
+Function readProduct
+  StrCpy $product ""
+  StrCpy $7 "$INSTDIR\Uninstall.exe"
+  System::Call "version::GetFileVersionInfoSizeW(w r7, p 0) i .r0"
+  ${If} $0 <> 0
+    System::Alloc $0
+    Pop $1
+    StrCpy $5 0
+    System::Call "version::GetFileVersionInfoW(w r7, i 0, i r0, p r1)"
+    System::Call "version::VerQueryValueW(p r1, w '\StringFileInfo\080404b0\ProductName', *p .r3, *i .r4) i .r5"
+    ${If} $5 <> 0
+      System::Call "kernel32::lstrcpynW(w .r6, p r3, i r4)"
+      StrCpy $product $6
+    ${EndIf}
+    System::Free $1
+  ${EndIf}
+FunctionEnd
+
+; Fails when $INSTDIR cannot be written, or no folder be made in the nearest one that exists. Nothing of
+; the trial stays. (To look at the errors' flag clears it.)
+Function tryFolder
+  StrCpy $folder $INSTDIR
+  ClearErrors
+  ${If} ${FileExists} "$folder\*.*"
+    FileOpen $handle "$folder\${TRIAL}" w
+    ${If} ${Errors}
+      SetErrors
+    ${Else}
+      FileClose $handle
+      Delete "$folder\${TRIAL}"
+    ${EndIf}
+    Return
+  ${EndIf}
+  ${Do}
+    ${GetParent} $folder $folder
+    ${If} $folder == ""
+      SetErrors
+      Return
+    ${EndIf}
+  ${LoopUntil} ${FileExists} "$folder\*.*"
+  ClearErrors
+  CreateDirectory "$folder\${TRIAL}"
+  ${If} ${Errors}
+    SetErrors
+  ${Else}
+    RMDir "$folder\${TRIAL}"
+  ${EndIf}
+FunctionEnd
+
+; Sets $problem to what is wrong with $INSTDIR, and $before to the folder that Tessivo moves from, or
+; nothing.
+Function checkFolder
+  StrCpy $problem ""
+  Call tryFolder
+  ${If} ${Errors}
+    StrCpy $problem "无法写入 $INSTDIR。请选择您有权写入的文件夹。"
+    Return
+  ${EndIf}
+  ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
+    Call readProduct
+    ${If} $product != "${NAME}"
+      StrCpy $problem "$INSTDIR 中已有另一个软件（那里的 Uninstall.exe 不是泰思维的）。请选择另一个文件夹。"
+      Return
+    ${EndIf}
+  ${EndIf}
+  ReadRegStr $before HKCU "${OWN_KEY}" "Folder"
+  ${If} $before == $INSTDIR
+  ${OrIfNot} ${FileExists} "$before\Tessivo.exe"
+  ${OrIfNot} ${FileExists} "$before\Uninstall.exe"
+    StrCpy $before ""
+  ${EndIf}
+FunctionEnd
+
+Function leaveFolderPage
+  Call checkFolder
+  ${If} $problem != ""
+    MessageBox MB_OK|MB_ICONEXCLAMATION "$problem"
+    Abort
+  ${EndIf}
+  ${If} $before != ""
+    MessageBox MB_OKCANCEL|MB_ICONINFORMATION "泰思维已经安装在 $before。$\r$\n按“确定”把它搬到 $INSTDIR：播放列表和设置复制过去（那里已有的不动），原来的程序被卸载，原来的播放列表和设置也留在原处。" IDOK agreed
+    Abort
+    agreed:
+  ${EndIf}
+FunctionEnd
+
+; bring FILES FROM TO: unless there are such ones.
+!macro bring files from to
+  ${If} ${FileExists} "${from}\${files}"
+  ${AndIfNot} ${FileExists} "${to}\${files}"
+    CopyFiles /SILENT "${from}\${files}" "${to}"
+  ${EndIf}
+!macroend
 
 Section "泰思维播放器（必需）" sectionProgram
   SectionIn RO
-  Call leaveProgram
+  Call checkFolder
+  ${If} $problem != ""
+    DetailPrint "$problem"
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
+  StrCpy $folder $INSTDIR
+  Call leavePrograms
+  ${If} $before != ""
+    StrCpy $folder $before
+    Call leavePrograms
+  ${EndIf}
   ; What an older version brought along; the list, the settings and Engines.ini stay.
   ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
-    ExecWait '"$INSTDIR\Uninstall.exe" /S /UPGRADE _?=$INSTDIR'
+    ExecWait '"$INSTDIR\Uninstall.exe" /S /UPGRADE _?=$INSTDIR' $value
+    ${If} $value <> 0
+      MessageBox MB_OK|MB_ICONSTOP "无法移除 $INSTDIR 中原来的版本。请退出泰思维和屏保程序，然后重试。" /SD IDOK
+      SetErrorLevel 2
+      Abort
+    ${EndIf}
   ${EndIf}
   ClearErrors
   SetOutPath "$INSTDIR"
   !insertmacro InstallFiles
+  ${If} $before != ""
+    !insertmacro bring "SysConfig*" "$before" "$INSTDIR"
+    !insertmacro bring "Engines.ini" "$before" "$INSTDIR"
+    !insertmacro bring "*.ini" "$before\SSP" "$INSTDIR\SSP"
+  ${EndIf}
   ; The user's choice of engines survives.
   SetOverwrite off
   !insertmacro InstallChoices
@@ -154,6 +308,12 @@ Section "泰思维播放器（必需）" sectionProgram
   CreateShortcut "$SMPROGRAMS\泰思维\泰思维播放器.lnk" "$INSTDIR\Tessivo.exe"
   CreateShortcut "$SMPROGRAMS\泰思维\使用说明.lnk" "$INSTDIR\Help\FunctionIntroduce.htm"
   CreateShortcut "$SMPROGRAMS\泰思维\卸载泰思维.lnk" "$INSTDIR\Uninstall.exe"
+  ; It sees that the program lives elsewhere now, and keeps the data.
+  ${If} $before != ""
+    ExecWait '"$before\Uninstall.exe" /S _?=$before'
+    Delete "$before\Uninstall.exe"
+    RMDir "$before"
+  ${EndIf}
 SectionEnd
 
 Section /o "桌面快捷方式" sectionDesktop
@@ -164,24 +324,15 @@ Section /o "随 Windows 启动" sectionAutostart
   WriteRegStr HKCU "${RUN_KEY}" "Tessivo" '"$INSTDIR\Tessivo.exe"'
 SectionEnd
 
-; Offered where the system lists programs for a type; a type that nobody has opens with Tessivo at once.
-; Nothing is taken from another program.
+; Offered where the system lists programs for a type. What a double click does is chosen elsewhere: in
+; Windows or in the program's settings.
 !macro addType extension
   WriteRegStr HKCU "${CLASSES}\${extension}\OpenWithProgids" "${PROGRAM_ID}" ""
   WriteRegStr HKCU "${OWN_KEY}\Capabilities\FileAssociations" "${extension}" "${PROGRAM_ID}"
-  ReadRegStr $value HKCU "${CLASSES}\${extension}" ""
-  ReadRegStr $machine HKLM "${CLASSES}\${extension}" ""
-  ${If} "$value$machine" == ""
-    WriteRegStr HKCU "${CLASSES}\${extension}" "" "${PROGRAM_ID}"
-  ${EndIf}
 !macroend
 !macro removeType extension
   DeleteRegValue HKCU "${CLASSES}\${extension}\OpenWithProgids" "${PROGRAM_ID}"
   DeleteRegKey /ifnosubkeys /ifnovalues HKCU "${CLASSES}\${extension}\OpenWithProgids"
-  ReadRegStr $value HKCU "${CLASSES}\${extension}" ""
-  ${If} $value == "${PROGRAM_ID}"
-    DeleteRegValue HKCU "${CLASSES}\${extension}" ""
-  ${EndIf}
   DeleteRegKey /ifnosubkeys /ifnovalues HKCU "${CLASSES}\${extension}"
 !macroend
 !macro typesHaveChanged
@@ -267,17 +418,61 @@ FunctionEnd
 
 ; /UPGRADE: the setup of another version is about to bring the program again.
 Section "Uninstall"
-  Call un.leaveProgram
+  StrCpy $folder $INSTDIR
+  Call un.leavePrograms
   !insertmacro DeleteFiles
   ClearErrors
   ${GetOptions} $CMDLINE "/UPGRADE" $value
   ${If} ${Errors}
+    Call un.handTypesBack
     Call un.removeTraces
+    Call un.removeData
   ${EndIf}
 SectionEnd
 
+; The types that the settings dialog has taken for the program of this folder have nobody then, and
+; Windows asks. They are the machine's, or the user's where the user has such keys.
+!macro handTypeBackIn root
+  ReadRegStr $value ${root} "${CLASSES}\Tessivo$extension\shell\open\command" ""
+  ${If} $value == '"$INSTDIR\Tessivo.exe" %1'
+    ReadRegStr $value ${root} "${CLASSES}\$extension" ""
+    ${If} $value == "Tessivo$extension"
+      DeleteRegValue ${root} "${CLASSES}\$extension" ""
+      DeleteRegKey /ifnosubkeys /ifnovalues ${root} "${CLASSES}\$extension"
+    ${EndIf}
+    DeleteRegKey ${root} "${CLASSES}\Tessivo$extension"
+    ReadRegStr $value ${root} "${CLASSES}\Tessivo$extension\shell\open\command" ""
+    ${If} $value != ""
+      StrCpy $left "yes"
+    ${EndIf}
+  ${EndIf}
+!macroend
+Function un.handTypeBack
+  !insertmacro handTypeBackIn HKCU
+  !insertmacro handTypeBackIn HKLM
+FunctionEnd
+!macro handTypeBack type
+  StrCpy $extension "${type}"
+  Call un.handTypeBack
+!macroend
+Function un.handTypesBack
+  StrCpy $left "no"
+  !insertmacro ForEachType handTypeBack
+  !insertmacro typesHaveChanged
+  ${If} $left == "yes"
+    MessageBox MB_OK|MB_ICONINFORMATION "一些文件类型仍登记为由泰思维打开，因为只有管理员可以更改它们。在文件上按右键，用“打开方式”选择别的程序即可。" /SD IDOK
+  ${EndIf}
+FunctionEnd
+
+; Of an installation that lives in another folder now nothing is touched.
 Function un.removeTraces
-  !insertmacro DeleteChoices
+  ReadRegStr $value HKCU "${OWN_KEY}" "Folder"
+  ${If} $value != $INSTDIR
+  ${AndIf} ${FileExists} "$value\Tessivo.exe"
+    StrCpy $keep "yes"
+    Return
+  ${EndIf}
+  StrCpy $keep ""
   !insertmacro removeDesktop
   !insertmacro removeAutostart
   !insertmacro removeTypes
@@ -287,23 +482,62 @@ Function un.removeTraces
   RMDir "$SMPROGRAMS\泰思维"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   DeleteRegKey HKCU "${OWN_KEY}"
-  Delete "$INSTDIR\Tessivo.log"
-  Delete "$INSTDIR\Tessivo.log.1"
   Delete "$LOCALAPPDATA\Tessivo\Tessivo.log"
   Delete "$LOCALAPPDATA\Tessivo\Tessivo.log.1"
+FunctionEnd
+
+; Sets $access to a sentence when SysConfig is a database of Microsoft Access, which is not of our making.
+Function un.findAccessFile
+  StrCpy $access ""
+  ClearErrors
+  FileOpen $handle "$INSTDIR\SysConfig" r
+  ${IfNot} ${Errors}
+    FileSeek $handle 4
+    FileRead $handle $value 16
+    FileClose $handle
+    StrCpy $value $value 15
+    ${If} $value == "Standard Jet DB"
+    ${OrIf} $value == "Standard ACE DB"
+      StrCpy $access "$\r$\n原有的 Microsoft Access 数据库 SysConfig 总是保留。"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Function un.askForData
+  ClearErrors
+  ${GetOptions} $CMDLINE "/DATA" $value
+  ${If} ${Errors}
+    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "是否同时删除播放列表和设置？$\r$\n选择“否”时，它们（SysConfig、Engines.ini 和屏保程序的设置）保留在 $INSTDIR 中，重新安装到该文件夹后可以继续使用。$access" /SD IDNO IDYES agreed
+    StrCpy $keep "yes"
+    agreed:
+  ${EndIf}
+FunctionEnd
+
+; Engines.ini comes with the program, so that there is always something to ask about. Of what begins with
+; SysConfig only what the program makes goes, and not a copy that the user has made.
+Function un.removeData
+  Delete "$INSTDIR\Tessivo.log"
+  Delete "$INSTDIR\Tessivo.log.1"
+  Call un.findAccessFile
+  ${If} $keep == ""
+    Call un.askForData
+  ${EndIf}
+  ${If} $keep == ""
+    !insertmacro DeleteChoices
+    Delete "$INSTDIR\SSP\时钟.ini"
+    Delete "$INSTDIR\SSP\图片欣赏.ini"
+    Delete "$LOCALAPPDATA\Tessivo\时钟.ini"
+    Delete "$LOCALAPPDATA\Tessivo\图片欣赏.ini"
+    ${If} $access == ""
+      Delete "$INSTDIR\SysConfig"
+    ${EndIf}
+    Delete "$INSTDIR\SysConfig-*"
+    Delete "$INSTDIR\SysConfig.db*"
+    Delete "$INSTDIR\SysConfig.damaged-*"
+    Delete "$INSTDIR\SysConfig.unread-*"
+  ${EndIf}
   RMDir "$LOCALAPPDATA\Tessivo"
-  Delete "$INSTDIR\SSP\时钟.ini"
-  Delete "$INSTDIR\SSP\图片欣赏.ini"
   RMDir "$INSTDIR\SSP"
   Delete "$INSTDIR\Uninstall.exe"
-  ${If} ${FileExists} "$INSTDIR\SysConfig*"
-    ClearErrors
-    ${GetOptions} $CMDLINE "/DATA" $value
-    ${If} ${Errors}
-      MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "是否同时删除播放列表和设置？$\r$\n选择“否”时，它们保留在 $INSTDIR 中，重新安装到该文件夹后可以继续使用。" /SD IDNO IDNO keep
-    ${EndIf}
-    Delete "$INSTDIR\SysConfig*"
-    keep:
-  ${EndIf}
   RMDir "$INSTDIR"
 FunctionEnd

@@ -8,6 +8,7 @@
 #   start_program PATH [ARG…]   likewise; then the panel is there
 #   plays FILE              the running program is handed the file, and its picture fills the second monitor
 #   exported KEY            the registry below the key, to compare
+#   has_windows_lines FILE  every line of the text ends with carriage return and line feed
 # shellcheck source=tests/e2e/tray.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../e2e/tray.sh"
 
@@ -44,6 +45,10 @@ plays() {
   sleep 1
   desktop_screenshot "$shots/plays.png"
   player_picture_fills_right "$shots/plays.png"
+}
+has_windows_lines() {
+  found=$(grep -vnP '\r$' "$1" | head -n 1)
+  [[ -s $1 && -z $found ]]
 }
 leave() { player_drive close; }
 exported() {

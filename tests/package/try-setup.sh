@@ -1,39 +1,10 @@
 #!/usr/bin/env bash
 # A new user's way with the setup program: by its windows, from the start menu, upgrade, silently,
 # uninstall with and without the data.
-source "$(dirname "${BASH_SOURCE[0]}")/package.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
-setup=dist/Tessivo-$version-setup.exe
-package_begin setup
-installed=$home/AppData/Local/Programs/Tessivo
-menu="$home/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/泰思维"
-program=$(windows_path "$installed/Tessivo.exe")
-
-run_setup() { player_wine "$setup" "$@"; }
-uninstall() {
-  # It goes on from a copy, since it deletes itself.
-  player_wine "$installed/Uninstall.exe" "$@" || true
-  player_wait 20 is_away "$installed/Uninstall.exe"
-}
-is_away() { [[ ! -e $1 ]]; }
-window_titled() {
-  found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1)
-  [[ -n $found ]]
-}
-titles='^Tessivo 泰思维 安装'
-page=0
-# next_page WHAT: what the page is, and Enter.
-next_page() {
-  sleep 1
-  desktop_screenshot "$shots/page-$((++page))-$1.png"
-  xdotool windowactivate "$(xdotool search --onlyvisible --name "$titles" | head -n 1)"
-  key Return
-}
+setup_begin setup
 stored() { sqlite3 "$installed/SysConfig" "$1"; }
-has_value() { player_wine reg query "$1" /v "$2" >/dev/null 2>&1; }
-has_key() { player_wine reg query "$1" >/dev/null 2>&1; }
-fails() { ! "$@"; }
-count_of() { find "$1" -type f | wc -l; }
 
 by_its_windows() {
   run_setup &
@@ -56,11 +27,12 @@ everything_is_there() {
     DLUrls/wmpXP.htm PlyPcks/说明.htm SSP/时钟.exe SSP/图片欣赏.exe; do
     check "$1: $file is there" test -s "$installed/$file"
   done
+  for file in Engines.ini 先读我.txt License.txt; do
+    check "$1: the lines of $file end as Windows ends them" has_windows_lines "$installed/$file"
+  done
   check "$1: the start menu has three entries" test "$(count_of "$menu")" == 3
   check "$1: the system lists it" has_key "$uninstall_key"
 }
-uninstall_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Tessivo'
-run_key='HKCU\Software\Microsoft\Windows\CurrentVersion\Run'
 
 from_the_start_menu() {
   start_program "$(windows_path "$menu/泰思维播放器.lnk")"
@@ -71,7 +43,7 @@ from_the_start_menu() {
 }
 
 an_upgrade() {
-  sed -i 's/^RealPlayer=.*/RealPlayer=embedded/' "$installed/Engines.ini"
+  sed -i 's/^RealPlayer=auto/RealPlayer=embedded/' "$installed/Engines.ini"
   start_program "$program"
   check "an upgrade while it runs" run_setup /S /AUTOSTART /DESKTOP
   check "has ended it in order" grep -q ' stop' "$installed/Tessivo.log"
@@ -89,33 +61,29 @@ an_upgrade() {
 }
 
 # Where Windows looks into the user's classes and the machine's, Wine looks into the machine's alone.
-machine_has_the_users_classes() {
-  local key
-  for key in .mp4 Tessivo.Media; do
-    player_wine reg export "HKCU\\Software\\Classes\\$key" 'C:\classes.reg' /y >/dev/null
-    iconv -f UTF-16 -t UTF-8 "$c/classes.reg" | sed 's/^\[HKEY_CURRENT_USER/[HKEY_LOCAL_MACHINE/' \
-      >"$c/machine.reg"
-    player_wine reg import 'C:\machine.reg' >/dev/null
-  done
+machine_has_the_users_class() {
+  player_wine reg export "HKCU\\Software\\Classes\\$1" 'C:\classes.reg' /y >/dev/null
+  iconv -f UTF-16 -t UTF-8 "$c/classes.reg" | sed 's/^\[HKEY_CURRENT_USER/[HKEY_LOCAL_MACHINE/' >"$c/machine.reg"
+  player_wine reg import 'C:\machine.reg' >/dev/null
 }
 types() {
-  player_wine reg add 'HKCU\Software\Classes\.avi' /ve /d Other.Player /f >/dev/null
   run_setup /S /TYPES
   check "a type is offered" has_value 'HKCU\Software\Classes\.mp4\OpenWithProgids' Tessivo.Media
+  check "and not taken, although nobody has it" fails has_default 'HKCU\Software\Classes\.mp4'
   cp "$clips/long.mp4" "$c/影片 一.mp4"
-  machine_has_the_users_classes
-  by_shell 'C:\影片 一.mp4'
+  machine_has_the_users_class Tessivo.Media
+  by_shell /progIDOpen Tessivo.Media 'C:\影片 一.mp4'
   player_drive wait
-  check "nobody's type opens with it" player_wait 20 shows file '影片 一.mp4'
+  check "where it is chosen, it opens the file" player_wait 20 shows file '影片 一.mp4'
   leave
-  check "another program's type stays its own" \
-    grep -q 'Other.Player' <(player_wine reg query 'HKCU\Software\Classes\.avi' /ve)
+  player_wine reg delete 'HKLM\Software\Classes\Tessivo.Media' /f >/dev/null
 }
 
 away() {
   uninstall /S
   check "uninstalled: the program is gone" is_away "$installed/Tessivo.exe"
-  check "uninstalled: the data stays, and nothing else" test "$(count_of "$installed")" == 1
+  check "uninstalled: the list and Engines.ini stay, and nothing else" \
+    test "$(ls "$installed")" == $'Engines.ini\nSysConfig'
   check "uninstalled: it is the list" test "$(stored 'select count(*) from play_list')" -ge 1
   check "uninstalled: the start menu is as before" is_away "$menu"
   check "uninstalled: the desktop, too" is_away "$home/Desktop/泰思维播放器.lnk"
@@ -140,7 +108,7 @@ by_its_windows_away() {
   sleep 2
   next_page end
   wait $!
-  check "Enter leaves the data" test "$(count_of "$installed")" == 1
+  check "Enter leaves the data" test "$(count_of "$installed")" == 2
 }
 
 nothing_is_left() {
@@ -151,16 +119,10 @@ nothing_is_left() {
   check "with the data: nothing is left" is_away "$installed"
   check "nor in the registry" registry_is_clean
 }
-registry_is_clean() {
-  found=$(exported HKCU | grep -iE 'tessivo|泰思维' | head -n 5)
-  [[ -z $found ]]
-}
-
 by_its_windows
 everything_is_there "installed"
 from_the_start_menu
 an_upgrade
 types
-player_wine reg delete 'HKCU\Software\Classes\.avi' /f >/dev/null
 away
 nothing_is_left

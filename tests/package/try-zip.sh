@@ -15,6 +15,9 @@ writes_nothing_outside() {
 unpack "$c/播放 器/大厅 (1)"
 installed="$c/播放 器/大厅 (1)/Tessivo"
 program=$(windows_path "$installed/Tessivo.exe")
+for file in Engines.ini 先读我.txt License.txt; do
+  check "the lines of $file end as Windows ends them" has_windows_lines "$installed/$file"
+done
 mark=$installed/../mark
 touch "$mark"
 start_program "$program"
