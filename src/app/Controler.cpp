@@ -11,6 +11,7 @@ namespace tessivo {
 namespace {
 
 constexpr std::int32_t kSecondsBeforeMouseHides = 5;
+constexpr std::int32_t kPrepareSeconds = 3;  ///< before the end of an item
 constexpr int kEngineSettleMs = 200;
 constexpr int kSaveAttempts = 10;
 constexpr int kSaveAgainMs = 100;
@@ -86,6 +87,7 @@ void Controler::listenToScreen() {
       [this](std::int32_t percent, std::int32_t position, const std::string& positionText,
              std::int32_t length, const std::string& lengthText) {
         panel_->setJinDu(percent, position, positionText, length, lengthText);
+        prepareNextItem(length > 0 && length - position <= kPrepareSeconds);
       }));
   connections_.push_back(screen_->PlayErr.connect(
       [this](const std::string& reason) { panel_->playErrEventProcess(reason); }));
@@ -187,6 +189,16 @@ void Controler::takeFormsDown() {
   screen_->unloadScreen();
   tray_->hideAndUnloadTray();
   m_objMouseHideShow_.reset();  // shows the pointer
+}
+
+/// The answer that playOverEventProcess of the panel will find at the end of the item.
+void Controler::prepareNextItem(bool soon) {
+  MoviePtr next;
+  if (soon) {
+    const std::int32_t type = config_.lngRecyclePlayType();
+    next = type == 1 ? playList_->objGetPlayItem() : playList_->objPeekNextItem(type == 2);
+  }
+  screen_->prepareNext(next ? next->strFilePath : "");
 }
 
 bool Controler::play() {

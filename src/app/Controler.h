@@ -176,6 +176,7 @@ class Controler {
 
   bool isAcceptable(const std::string& path) const;
   bool isListed(const MoviePtr& movie) const;
+  void prepareNextItem(bool soon);
   void listenToScreen();
   void holdSystemAwake();
   void startMouseHiding();

@@ -46,17 +46,23 @@ void PlayList::clearList() {
   items_.clear();
 }
 
+MoviePtr PlayList::objPeekNextItem(bool recycle) const {
+  if (items_.empty()) return nullptr;
+  const auto present = objGetPlayItem();
+  const auto* following = present ? items_.next(present) : nullptr;
+  if (following) return *following;
+  return present && !recycle ? nullptr : items_.at(0);
+}
+
 MoviePtr PlayList::objGetNextPalyItem(bool recycle, MoviePtr& previous, std::int32_t& code) {
   previous = objGetPlayItem();
   code = items_.empty() ? kListEmpty : kStepped;
-  if (items_.empty()) return nullptr;
-  const auto* following = previous ? items_.next(previous) : nullptr;
-  if (previous && !following && !recycle) {
+  auto chosen = objPeekNextItem(recycle);
+  if (chosen) {
+    moveFirstPlayMark(chosen);
+  } else if (!items_.empty()) {
     code = kEndReached;
-    return nullptr;
   }
-  auto chosen = following ? *following : items_.at(0);
-  moveFirstPlayMark(chosen);
   return chosen;
 }
 

@@ -51,6 +51,8 @@ class PlayList {
   /// @param previous the play item before the step, or nothing
   /// @param code kStepped, kEndReached or kListEmpty
   MoviePtr objGetNextPalyItem(bool recycle, MoviePtr& previous, std::int32_t& code);
+  /// Which item that would be; the mark stays.
+  MoviePtr objPeekNextItem(bool recycle) const;
   /// The same backwards: to the last item when none is marked, and kStartReached at the start.
   MoviePtr objGetPreviousPalyItem(bool recycle, MoviePtr& previous, std::int32_t& code);
 

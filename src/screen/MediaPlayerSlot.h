@@ -32,6 +32,9 @@ class MediaPlayerSlot {
   virtual std::string url() const = 0;
   virtual void setUrl(const std::string& url) = 0;
 
+  /// That file or URL will be set and played next: whoever can opens it ahead. Empty: nothing will.
+  virtual void prepare(const std::string&) {}
+
   /// `controls.…`
   virtual void play() = 0;
   virtual void pause() = 0;

@@ -12,6 +12,14 @@ constexpr int kNextTurnMs = 1;
 constexpr int kEarlyStopMs = 1500;
 constexpr int kProgressMs = 1000;
 
+bool firstIsMediaPlayer(std::int32_t rule) {
+  return rule == playRule::kPreferMedia || rule == playRule::kMediaOnly;
+}
+
+bool firstIsRealPlayer(std::int32_t rule) {
+  return rule == playRule::kPreferReal || rule == playRule::kRealOnly;
+}
+
 }  // namespace
 
 Playback::Playback(TimerService& timers, const Files& files, Log& log)
@@ -68,6 +76,7 @@ void Playback::listenToEngines() {
 
 void Playback::lngPlayRuler(std::int32_t rule) {
   rule_ = rule;
+  prepareNext("");
   reset();
 }
 
@@ -82,6 +91,13 @@ void Playback::strFilePath(const std::string& path) {
   const std::string plain(unquoted(path));
   wmpPlayer_->setUrl(plain);
   realPlayer_->setSource(plain);
+}
+
+void Playback::prepareNext(const std::string& path) {
+  if (!wmpPlayer_) return;
+  const std::string plain(unquoted(path));
+  wmpPlayer_->prepare(firstIsMediaPlayer(rule_) ? plain : "");
+  realPlayer_->prepare(firstIsRealPlayer(rule_) ? plain : "");
 }
 
 bool Playback::play() {
@@ -109,6 +125,7 @@ void Playback::pause() {
 
 void Playback::stopPlay() {
   if (state_ == playState::kStopped || state_ == playState::kStarting) return;
+  prepareNext("");
   reset();
 }
 
@@ -200,8 +217,8 @@ void Playback::show(Engine engine) {
 }
 
 void Playback::showFirstEngineOfRule() {
-  if (rule_ == playRule::kPreferMedia || rule_ == playRule::kMediaOnly) show(Engine::mediaPlayer);
-  if (rule_ == playRule::kPreferReal || rule_ == playRule::kRealOnly) show(Engine::realPlayer);
+  if (firstIsMediaPlayer(rule_)) show(Engine::mediaPlayer);
+  if (firstIsRealPlayer(rule_)) show(Engine::realPlayer);
 }
 
 bool Playback::fileExists(const std::string& path) const {

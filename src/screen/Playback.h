@@ -43,6 +43,10 @@ class Playback {
   /// Hands the path (without the double quotes around it) to both engines and starts neither.
   void strFilePath(const std::string& path);
 
+  /// What will be played when the present item has ended, or nothing: the engine that will have it
+  /// first may open it ahead. A stop that the user wants and another rule forget it.
+  void prepareNext(const std::string& path);
+
   /// False: nothing to play (an error event follows 1 ms later), or playing or starting already.
   bool play();
   void pause();

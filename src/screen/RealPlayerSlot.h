@@ -42,6 +42,8 @@ class RealPlayerSlot {
   virtual void move(const Rect& pixels) = 0;
 
   virtual void setSource(const std::string& source) = 0;  ///< 102; does not start it
+  /// That source will be set and played next: whoever can opens it ahead. Empty: none will.
+  virtual void prepare(const std::string&) {}
   virtual void play() = 0;                                ///< 257
   virtual void pause() = 0;                               ///< 258
   virtual void stop() = 0;                                ///< 202

@@ -60,6 +60,8 @@ class frmScreen : public ui::Form {
   void intVolume(std::int16_t volume) { playback_.intVolume(volume); }
   bool boolMute() const { return playback_.boolMute(); }
   void boolMute(bool mute) { playback_.boolMute(mute); }
+  /// See Playback.
+  void prepareNext(const std::string& path) { playback_.prepareNext(path); }
   std::optional<std::int32_t> lngJinDu() { return playback_.lngJinDu(); }
   bool lngJinDu(std::int32_t seconds) { return playback_.lngJinDu(seconds); }
   std::int32_t lngFileLength() const { return playback_.lngFileLength(); }

@@ -36,6 +36,7 @@ class FakeMediaPlayer : public MediaPlayerSlot {
     position = 0;
     note("url " + url);
   }
+  void prepare(const std::string& url) override { prepared = url; }
   void play() override { note("play"); }
   void pause() override { note("pause"); }
   void stop() override { note("stop"); }
@@ -65,6 +66,7 @@ class FakeMediaPlayer : public MediaPlayerSlot {
 
   MediaPlayState state = MediaPlayState::undefined;
   double position = 0;
+  std::string prepared;
   bool full = false;  ///< its own full screen
   std::optional<double> duration;
   Rect area;
@@ -96,6 +98,7 @@ class FakeRealPlayer : public RealPlayerSlot {
     note("source " + source);
     if (whenSourced) whenSourced();
   }
+  void prepare(const std::string& source) override { prepared = source; }
   void play() override {
     note("play");
     if (whenPlayed) whenPlayed();
@@ -118,6 +121,7 @@ class FakeRealPlayer : public RealPlayerSlot {
 
   bool active = false;
   std::int32_t length = 0;
+  std::string prepared;
   Rect area;
   std::function<void()> whenPlayed;   ///< runs inside `play`
   std::function<void()> whenSourced;  ///< runs inside `setSource`

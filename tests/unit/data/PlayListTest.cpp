@@ -35,7 +35,9 @@ class PlayListTest : public testing::Test {
   std::string next(bool recycle) {
     MoviePtr previous = std::make_shared<Movie>("stale");
     std::int32_t code = -1;
+    const auto seenAhead = list.objPeekNextItem(recycle);
     const auto movie = list.objGetNextPalyItem(recycle, previous, code);
+    EXPECT_EQ(seenAhead, movie);
     return keyOf(movie) + " " + keyOf(previous) + " " + std::to_string(code);
   }
   std::string back(bool recycle) {

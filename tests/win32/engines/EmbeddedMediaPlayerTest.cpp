@@ -409,5 +409,64 @@ TEST_F(MediaFoundationOnDesktop, TheMouseOnThePictureReachesTheEngine) {
   EXPECT_TRUE(waitForTrace("click 1"));
 }
 
+TEST_F(MediaFoundationOnDesktop, WhatWasOpenedAheadFollowsWithoutBlack) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  player->prepare(media("green.mp4"));
+  ASSERT_TRUE(waitForTrace("state 8"));
+  EXPECT_TRUE(showsTheFilm()) << "the last picture stays";
+  trace.clear();
+  player->setUrl(media("green.mp4"));
+  player->play();
+  EXPECT_TRUE(turnsGreenWithoutBlack());
+  EXPECT_TRUE(waitForTrace("state 3"));
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 1; }));
+}
+
+TEST_F(MediaFoundationOnDesktop, WhatWasNotOpenedAheadFollowsWithoutBlackToo) {
+  startPlaying("second.mp4");
+  player->prepare(media("film.mkv"));  // something else came up
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  ASSERT_TRUE(waitForTrace("state 8"));
+  player->setUrl(media("green.mp4"));
+  player->play();
+  EXPECT_TRUE(turnsGreenWithoutBlack());
+}
+
+TEST_F(MediaFoundationOnDesktop, TheLastPictureGoesWhenNothingFollows) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitForTrace("state 8"));
+  EXPECT_TRUE(waitFor([&] { return showsBlack() && pictureWindows() == 0; }));
+}
+
+TEST_F(MediaFoundationOnDesktop, TheLastPictureGoesWhenSoundAloneFollows) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitForTrace("state 8"));
+  player->setUrl(media("tone.mp3"));
+  player->play();
+  EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
+}
+
+TEST_F(MediaFoundationOnDesktop, OpeningAheadChangesNothingUntilItIsPlayed) {
+  player->prepare(media("random.avi"));
+  watch(800);
+  EXPECT_TRUE(trace.empty());
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
+  player->setUrl(media("random.avi"));
+  player->play();
+  ASSERT_TRUE(waitForTrace("error"));
+  watch(300);
+  EXPECT_EQ(traced("error"), 1);
+}
+
+TEST_F(MediaFoundationOnDesktop, WhatWasOpenedAheadCanBeForgotten) {
+  player->prepare(media("film.mp4"));
+  EXPECT_EQ(pictureWindows(), 1);
+  watch(500);
+  EXPECT_TRUE(showsBlack()) << "it does not play";
+  player->prepare("");
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
+}
+
 }  // namespace
 }  // namespace tessivo

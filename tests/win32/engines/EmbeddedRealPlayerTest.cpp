@@ -404,5 +404,64 @@ TEST_F(DirectShowOnDesktop, TheMouseOnThePictureReachesTheEngine) {
   EXPECT_TRUE(waitForTrace("mouse 0"));
 }
 
+TEST_F(DirectShowOnDesktop, WhatWasOpenedAheadFollowsWithoutBlack) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  player->prepare(media("green.mp4"));
+  ASSERT_TRUE(waitForTrace("3->0"));
+  EXPECT_TRUE(showsTheFilm()) << "the last picture stays";
+  trace.clear();
+  player->setSource(media("green.mp4"));
+  player->play();
+  EXPECT_TRUE(turnsGreenWithoutBlack());
+  EXPECT_TRUE(waitForTrace("1->3"));
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 1; }));
+}
+
+TEST_F(DirectShowOnDesktop, WhatWasNotOpenedAheadFollowsWithoutBlackToo) {
+  startPlaying("second.mp4");
+  player->prepare(media("film.mkv"));  // something else came up
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  ASSERT_TRUE(waitForTrace("3->0"));
+  player->setSource(media("green.mp4"));
+  player->play();
+  EXPECT_TRUE(turnsGreenWithoutBlack());
+}
+
+TEST_F(DirectShowOnDesktop, TheLastPictureGoesWhenNothingFollows) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitForTrace("3->0"));
+  EXPECT_TRUE(waitFor([&] { return showsBlack() && pictureWindows() == 0; }));
+}
+
+TEST_F(DirectShowOnDesktop, TheLastPictureGoesWhenSoundAloneFollows) {
+  startPlaying("second.mp4");
+  ASSERT_TRUE(waitForTrace("3->0"));
+  player->setSource(media("tone.mp3"));
+  player->play();
+  EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
+}
+
+TEST_F(DirectShowOnDesktop, OpeningAheadChangesNothingUntilItIsPlayed) {
+  player->prepare(media("random.avi"));
+  watch(800);
+  EXPECT_TRUE(trace.empty());
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
+  player->setSource(media("random.avi"));
+  player->play();
+  ASSERT_TRUE(waitForTrace("error"));
+  watch(300);
+  EXPECT_EQ(traced("error"), 1);
+}
+
+TEST_F(DirectShowOnDesktop, WhatWasOpenedAheadCanBeForgotten) {
+  player->prepare(media("film.mp4"));
+  EXPECT_EQ(pictureWindows(), 1);
+  watch(500);
+  EXPECT_TRUE(showsBlack()) << "it does not play";
+  player->prepare("");
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
+}
+
 }  // namespace
 }  // namespace tessivo

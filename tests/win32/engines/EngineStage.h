@@ -80,6 +80,28 @@ class EngineStage : public testing::Test {
   static bool isBlue(COLORREF c) {
     return GetBValue(c) > 180 && GetRValue(c) < 90 && GetGValue(c) < 90;
   }
+  static bool isGreen(COLORREF c) {
+    return GetGValue(c) > 180 && GetRValue(c) < 90 && GetBValue(c) < 90;
+  }
+  /// Whether the middle of the picture is never black until it is green.
+  bool turnsGreenWithoutBlack() const {
+    bool black = false;
+    const bool green = waitFor([&] {
+      const COLORREF shown = shownAt(200, 120);
+      black = black || shown == kBlack;
+      return isGreen(shown);
+    });
+    return green && !black;
+  }
+  /// The windows inside the engine's.
+  int pictureWindows() const {
+    int count = 0;
+    for (HWND each = GetWindow(engineWindow(), GW_CHILD); each != nullptr;
+         each = GetWindow(each, GW_HWNDNEXT)) {
+      ++count;
+    }
+    return count;
+  }
   /// The film's red above and blue below, with its aspect ratio on black, in the whole stage.
   bool showsTheFilm() const {
     return isRed(shownAt(200, 120)) && isBlue(shownAt(200, 280)) && isRed(shownAt(10, 100)) &&

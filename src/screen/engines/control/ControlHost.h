@@ -107,7 +107,7 @@ class ControlHost : private EngineWindow::Owner {
   void onMouse(EngineWindow::Gesture, MouseButton, bool) override {}
   void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
   void onResized() override;
-  void onTimer() override {}
+  void onTimer(EngineWindow::Timer) override {}
 
   Setup setup_;
   Log& log_;

@@ -19,6 +19,8 @@ EmbeddedRealPlayer::EmbeddedRealPlayer(HWND parent, Log& log) : log_(log), windo
 }
 
 EmbeddedRealPlayer::~EmbeddedRealPlayer() {
+  giveUpNext();
+  last_.letGo();
   abandon();
   closing_.wait(kLongestGoodbyeMs);
 }
@@ -27,6 +29,18 @@ void EmbeddedRealPlayer::setSource(const std::string& source) {
   stop();
   source_ = source;
   lengthMs_ = 0;
+}
+
+/// A source that has failed is not tried again and again.
+void EmbeddedRealPlayer::prepare(const std::string& source) {
+  if (next_.source == source) return;
+  giveUpNext();
+  if (!source.empty()) next_ = begin(source, 0, true);
+}
+
+void EmbeddedRealPlayer::giveUpNext() {
+  if (next_.graph) closing_.add(std::move(next_.graph), std::move(next_.picture));
+  next_ = {};
 }
 
 /// Every play is answered by the playing notification or an error, also one that takes back a pause
@@ -40,7 +54,7 @@ void EmbeddedRealPlayer::play() {
     return attempt_.graph->play();
   }
   announce(RealPlayState::playing);
-  if (hasEnded_) window_.startTimer(kEarlyStopMs);
+  if (hasEnded_) window_.startTimer(EngineWindow::Timer::heldStop, kEarlyStopMs);
 }
 
 void EmbeddedRealPlayer::pause() {
@@ -79,27 +93,67 @@ void EmbeddedRealPlayer::applyVolume() {
 }
 
 void EmbeddedRealPlayer::open() {
-  ++serial_;
   hasEnded_ = false;
   announce(RealPlayState::contacting);
-  attempt_.picture = std::make_unique<PictureWindow>(window_.handle(), [this](HDC) {
-    if (attempt_.graph) attempt_.graph->repaint();
+  last_.nextIsComing();
+  if (next_.graph && next_.source == source_ && startMs_ == 0) {
+    attempt_ = std::exchange(next_, {});
+    lengthMs_ = attempt_.lengthMs;
+    attempt_.picture->comeIn();
+    applyVolume();
+    attempt_.graph->play();
+  } else {
+    attempt_ = begin(source_, startMs_, false);
+  }
+  serial_ = attempt_.graph->serial();
+}
+
+EmbeddedRealPlayer::Attempt EmbeddedRealPlayer::begin(const std::string& source,
+                                                      std::int32_t startMs, bool waits) {
+  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits);
+  const WPARAM serial = ++lastSerial_;
+  auto graph = std::make_shared<GraphThread>(
+      window_.handle(), serial,
+      GraphThread::Order{sourcePathOf(source), picture->handle(), startMs,
+                         attenuationOf(volume_, muted_), waits});
+  picture->onPaint([weak = std::weak_ptr(graph)](HDC) {
+    if (const auto painter = weak.lock()) painter->repaint();
+    return false;  // the renderer draws over the black
   });
-  attempt_.graph = std::make_shared<GraphThread>(
-      window_.handle(), serial_,
-      GraphThread::Order{sourcePathOf(source_), attempt_.picture->handle(), startMs_,
-                         attenuationOf(volume_, muted_)});
-  AttemptThread::start(attempt_.graph);
+  picture->onFrame([this, serial] { pictureArrived(serial); });
+  AttemptThread::start(graph);
+  return {source, std::move(graph), std::move(picture), 0};
+}
+
+void EmbeddedRealPlayer::pictureArrived(WPARAM serial) {
+  if (serial != serial_ || !attempt_.graph) return;
+  attempt_.picture->raise();
+  last_.letGo();
+}
+
+void EmbeddedRealPlayer::forgetOrders() {
+  serial_ = ++lastSerial_;
+  window_.stopTimer(EngineWindow::Timer::heldStop);
+  hasEnded_ = pauseOrdered_ = resumeOrdered_ = false;
+  startMs_ = 0;
 }
 
 void EmbeddedRealPlayer::abandon() {
-  ++serial_;
-  window_.stopTimer();
-  hasEnded_ = pauseOrdered_ = resumeOrdered_ = false;
-  startMs_ = 0;
+  forgetOrders();
   if (!attempt_.graph) return;
   attempt_.picture->hide();
   closing_.add(std::move(attempt_.graph), std::move(attempt_.picture));
+}
+
+void EmbeddedRealPlayer::eventOfNext(EngineEvent event, std::int32_t value) {
+  if (event == EngineEvent::opened) next_.lengthMs = value;
+  if (event == EngineEvent::failed) {
+    closing_.add(std::move(next_.graph), std::move(next_.picture));
+  }
+}
+
+void EmbeddedRealPlayer::onTimer(EngineWindow::Timer timer) {
+  timer == EngineWindow::Timer::heldStop ? finish() : last_.letGo();
 }
 
 /// Changes the state at once and raises its notification from the message loop.
@@ -115,6 +169,7 @@ void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::in
     return playStateChange.raise(static_cast<RealPlayState>(serial),
                                  static_cast<RealPlayState>(value));
   }
+  if (next_.graph && serial == next_.graph->serial()) return eventOfNext(event, value);
   if (serial != serial_) return;
   switch (event) {
     case EngineEvent::opened:
@@ -137,6 +192,7 @@ void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::in
 }
 
 void EmbeddedRealPlayer::started() {
+  last_.nextPlays();
   if (!std::exchange(resumeOrdered_, false)) return changeState(RealPlayState::playing);
   const auto oldState = std::exchange(state_, RealPlayState::playing);
   playStateChange.raise(oldState, state_);
@@ -146,17 +202,19 @@ void EmbeddedRealPlayer::ended() {
   const ULONGLONG playedMs = GetTickCount64() - playOrderedAt_;
   if (playedMs >= kEarlyStopMs) return finish();
   hasEnded_ = true;
-  window_.startTimer(static_cast<UINT>(kEarlyStopMs - playedMs));
+  window_.startTimer(EngineWindow::Timer::heldStop, static_cast<UINT>(kEarlyStopMs - playedMs));
 }
 
 void EmbeddedRealPlayer::finish() {
-  abandon();
+  forgetOrders();
+  last_.keep(std::move(attempt_.graph), std::move(attempt_.picture));
   changeState(RealPlayState::stopped);
 }
 
 void EmbeddedRealPlayer::failed(std::int32_t reason) {
   log_.error("DirectShow cannot play " + source_ + ": " + hexOf(reason));
   abandon();
+  last_.nextFailed();
   state_ = RealPlayState::stopped;
   errorMessage.raise();
 }
@@ -167,6 +225,10 @@ void EmbeddedRealPlayer::changeState(RealPlayState state) {
 }
 
 void EmbeddedRealPlayer::onResized() {
+  if (next_.graph) {
+    next_.picture->fill();
+    next_.graph->fitPicture();
+  }
   if (!attempt_.graph) return;
   attempt_.picture->fill();
   attempt_.graph->fitPicture();

@@ -11,6 +11,7 @@
 #include "screen/engines/direct_show/GraphThread.h"
 #include "screen/engines/embedded/ClosingAttempts.h"
 #include "screen/engines/embedded/EngineWindow.h"
+#include "screen/engines/embedded/LastPicture.h"
 #include "screen/engines/embedded/PictureWindow.h"
 
 namespace tessivo {
@@ -33,6 +34,7 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   void move(const Rect& pixels) override { window_.move(pixels); }
 
   void setSource(const std::string& source) override;
+  void prepare(const std::string& source) override;
   void play() override;
   void pause() override;
   void stop() override;
@@ -45,17 +47,24 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
 
  private:
   struct Attempt {
+    std::string source;
     std::shared_ptr<GraphThread> graph;
     std::unique_ptr<PictureWindow> picture;
+    std::int32_t lengthMs = 0;
   };
 
   void onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) override;
   void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
   void onResized() override;
-  void onTimer() override { finish(); }
+  void onTimer(EngineWindow::Timer timer) override;
 
   void open();
+  Attempt begin(const std::string& source, std::int32_t startMs, bool waits);
+  void giveUpNext();
+  void eventOfNext(EngineEvent event, std::int32_t value);
+  void pictureArrived(WPARAM serial);
   void abandon();
+  void forgetOrders();
   void announce(RealPlayState newState);
   void started();
   void ended();
@@ -76,9 +85,12 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   std::int32_t startMs_ = 0;
   std::int32_t lengthMs_ = 0;
   ULONGLONG playOrderedAt_ = 0;
-  WPARAM serial_ = 0;
+  WPARAM lastSerial_ = 0;
+  WPARAM serial_ = 0;  ///< of the present attempt, or of none
   Attempt attempt_;
+  Attempt next_;  ///< opened ahead; keeps its source when that failed
   ClosingAttempts closing_;
+  LastPicture last_{window_, closing_};
 };
 
 }  // namespace tessivo

@@ -1,9 +1,11 @@
 #include "screen/engines/direct_show/GraphThread.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
 
+#include "screen/engines/embedded/PictureWindow.h"
 #include "screen/engines/embedded/RunsOnWine.h"
 
 namespace tessivo {
@@ -11,6 +13,8 @@ namespace {
 
 /// A seek over less than this is not worth a new graph.
 constexpr std::int32_t kNearMs = 300;
+constexpr long kCueMs = 1000;
+constexpr DWORD kFrameCheckMs = 10;
 
 }  // namespace
 
@@ -81,7 +85,7 @@ void GraphThread::run() {
     closing = closing_;
   }
   if (!closing) {
-    runGraph();
+    order_.waits ? graph_->cue(kCueMs) : runGraph();
     serve();
   }
   graph_.reset();
@@ -109,7 +113,7 @@ void GraphThread::serve() {
   while (serveCommands()) {
     serveSeek();
     serveNews();
-    const DWORD sleep = serveTick();
+    const DWORD sleep = std::min(serveTick(), serveFirstFrame());
     const std::array<HANDLE, 2> signals = {woken_, graph_->newsSignal()};
     MsgWaitForMultipleObjects(static_cast<DWORD>(signals.size()), signals.data(), FALSE, sleep,
                               QS_ALLINPUT);
@@ -161,6 +165,14 @@ void GraphThread::serveNews() {
       break;
   }
   moving_ = false;
+}
+
+DWORD GraphThread::serveFirstFrame() {
+  if (!moving_ || !frameAwaited_) return INFINITE;
+  if (!graph_->hasFrame()) return kFrameCheckMs;
+  frameAwaited_ = false;
+  PictureWindow::noteFrame(order_.picture);
+  return INFINITE;
 }
 
 DWORD GraphThread::serveTick() {

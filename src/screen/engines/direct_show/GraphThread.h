@@ -27,6 +27,7 @@ class GraphThread final : public AttemptThread {
     HWND picture = nullptr;
     std::int32_t startMs = 0;
     long attenuation = 0;
+    bool waits = false;  ///< it is opened, and starts with play()
   };
 
   GraphThread(HWND engineWindow, WPARAM serial, Order order);
@@ -56,6 +57,8 @@ class GraphThread final : public AttemptThread {
   void serveSeek();
   void serveNews();
   DWORD serveTick();
+  /// How long until it looks again for the first frame.
+  DWORD serveFirstFrame();
   void command(Command command);
   void runGraph();
 
@@ -64,6 +67,7 @@ class GraphThread final : public AttemptThread {
   std::unique_ptr<PlaybackGraph> graph_;
   long attenuation_;
   bool moving_ = false;
+  bool frameAwaited_ = true;
   std::optional<std::int32_t> seekTo_;  ///< wanted, and not done yet
   ULONGLONG nextTickAt_ = 0;
 

@@ -113,6 +113,16 @@ PlaybackGraph::News PlaybackGraph::takeNews(HRESULT& reason) {
   return news;
 }
 
+void PlaybackGraph::cue(long ms) {
+  OAFilterState state = State_Stopped;
+  if (SUCCEEDED(control_->Pause())) control_->GetState(ms, &state);
+}
+
+bool PlaybackGraph::hasFrame() const {
+  OAFilterState state = State_Stopped;
+  return control_->GetState(0, &state) == S_OK;
+}
+
 HRESULT PlaybackGraph::run() {
   return control_->Run();
 }

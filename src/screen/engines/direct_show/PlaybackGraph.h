@@ -31,6 +31,10 @@ class PlaybackGraph {
   /// `reason` is set for `failed`.
   News takeNews(HRESULT& reason);
 
+  /// Pauses at the first frame, and waits until it is there, so long at most.
+  void cue(long ms);
+  /// The first frame since the start has come to the renderer.
+  bool hasFrame() const;
   HRESULT run();
   HRESULT pause();
   void seek(std::int32_t ms);

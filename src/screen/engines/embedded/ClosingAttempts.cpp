@@ -5,14 +5,13 @@
 namespace tessivo {
 namespace {
 
-/// False when the time was up first.
+/// False when the time was up first, also while messages keep coming.
 bool waitServingSentMessages(HANDLE signal, ULONGLONG deadline) {
-  for (;;) {
-    const ULONGLONG now = GetTickCount64();
+  for (ULONGLONG now = GetTickCount64();; now = GetTickCount64()) {
     const DWORD left = now < deadline ? static_cast<DWORD>(deadline - now) : 0;
     const DWORD woken = MsgWaitForMultipleObjects(1, &signal, FALSE, left, QS_SENDMESSAGE);
     if (woken == WAIT_OBJECT_0) return true;
-    if (woken != WAIT_OBJECT_0 + 1) return false;
+    if (woken != WAIT_OBJECT_0 + 1 || left == 0) return false;
     MSG message;
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
   }

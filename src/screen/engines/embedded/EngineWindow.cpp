@@ -6,7 +6,6 @@ namespace tessivo {
 namespace {
 
 constexpr wchar_t kClassName[] = L"TessivoEngineWindow";
-constexpr UINT_PTR kTimer = 1;
 
 void registerClass(WNDPROC procedure) {
   WNDCLASSEXW description{};
@@ -46,12 +45,12 @@ void EngineWindow::move(const Rect& pixels) {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void EngineWindow::startTimer(UINT ms) {
-  if (window_) SetTimer(window_, kTimer, ms, nullptr);
+void EngineWindow::startTimer(Timer timer, UINT ms) {
+  if (window_) SetTimer(window_, static_cast<UINT_PTR>(timer), ms, nullptr);
 }
 
-void EngineWindow::stopTimer() {
-  if (window_) KillTimer(window_, kTimer);
+void EngineWindow::stopTimer(Timer timer) {
+  if (window_) KillTimer(window_, static_cast<UINT_PTR>(timer));
 }
 
 LRESULT CALLBACK EngineWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -78,9 +77,10 @@ LRESULT EngineWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
                          static_cast<std::int32_t>(lParam));
     return 0;
   }
-  if (message == WM_TIMER && wParam == kTimer) {
-    stopTimer();
-    owner_.onTimer();
+  if (message == WM_TIMER) {
+    const auto timer = static_cast<Timer>(wParam);
+    stopTimer(timer);
+    owner_.onTimer(timer);
     return 0;
   }
   if (message == WM_SIZE) {

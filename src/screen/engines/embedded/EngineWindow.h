@@ -13,6 +13,7 @@ namespace tessivo {
 class EngineWindow {
  public:
   enum class Gesture { down, up, doubleClick };
+  enum class Timer : UINT_PTR { heldStop = 1, lastPicture };
 
   /// The engine. Called from the window procedure; may destroy the window in any of the calls.
   class Owner {
@@ -22,7 +23,7 @@ class EngineWindow {
     virtual void onMouse(Gesture gesture, MouseButton button, bool inside) = 0;
     virtual void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) = 0;
     virtual void onResized() = 0;
-    virtual void onTimer() = 0;
+    virtual void onTimer(Timer timer) = 0;
   };
 
   explicit EngineWindow(Owner& owner) : owner_(owner) {}
@@ -40,8 +41,8 @@ class EngineWindow {
   void move(const Rect& pixels);
 
   /// Calls Owner::onTimer once, after so many milliseconds.
-  void startTimer(UINT ms);
-  void stopTimer();
+  void startTimer(Timer timer, UINT ms);
+  void stopTimer(Timer timer);
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

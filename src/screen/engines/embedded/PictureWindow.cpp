@@ -1,10 +1,9 @@
 #include "screen/engines/embedded/PictureWindow.h"
 
-#include <utility>
-
 namespace tessivo {
 namespace {
 
+constexpr UINT kFrameArrived = WM_APP;
 constexpr wchar_t kClassName[] = L"TessivoPictureWindow";
 
 void registerClass(WNDPROC procedure) {
@@ -14,25 +13,50 @@ void registerClass(WNDPROC procedure) {
   description.lpfnWndProc = procedure;
   description.hInstance = GetModuleHandleW(nullptr);
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
   description.lpszClassName = kClassName;
   RegisterClassExW(&description);  // a second time it fails, and the first one stands
 }
 
 }  // namespace
 
-PictureWindow::PictureWindow(HWND engineWindow, std::function<void(HDC)> onPaint)
-    : onPaint_(std::move(onPaint)) {
+PictureWindow::PictureWindow(HWND engineWindow, bool aside) : aside_(aside) {
   registerClass(&PictureWindow::procedure);
   RECT area{};
   GetClientRect(engineWindow, &area);
   CreateWindowExW(0, kClassName, L"",
-                  WS_CHILD | WS_VISIBLE | WS_DISABLED | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0,
-                  area.right, area.bottom, engineWindow, nullptr, GetModuleHandleW(nullptr), this);
+                  WS_CHILD | WS_VISIBLE | WS_DISABLED | WS_CLIPSIBLINGS | WS_CLIPCHILDREN,
+                  aside ? area.right : 0, 0, area.right, area.bottom, engineWindow, nullptr,
+                  GetModuleHandleW(nullptr), this);
+  SetWindowPos(window_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 PictureWindow::~PictureWindow() {
   if (window_) DestroyWindow(window_);
+}
+
+void PictureWindow::noteFrame(HWND picture) {
+  PostMessageW(picture, kFrameArrived, 0, 0);
+}
+
+void PictureWindow::comeIn() {
+  aside_ = false;
+  fill();
+}
+
+void PictureWindow::raise() {
+  if (!window_) return;
+  SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void PictureWindow::paint() {
+  PAINTSTRUCT paint;
+  const HDC dc = BeginPaint(window_, &paint);
+  if (!paint_ || !paint_(dc)) {
+    RECT area{};
+    GetClientRect(window_, &area);
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+  }
+  EndPaint(window_, &paint);
 }
 
 void PictureWindow::hide() {
@@ -43,7 +67,8 @@ void PictureWindow::fill() {
   if (!window_) return;
   RECT area{};
   GetClientRect(GetParent(window_), &area);
-  SetWindowPos(window_, nullptr, 0, 0, area.right, area.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(window_, nullptr, aside_ ? area.right : 0, 0, area.right, area.bottom,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT CALLBACK PictureWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -55,9 +80,12 @@ LRESULT CALLBACK PictureWindow::procedure(HWND window, UINT message, WPARAM wPar
   }
   auto* self = reinterpret_cast<PictureWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self && message == WM_PAINT) {
-    PAINTSTRUCT paint;
-    self->onPaint_(BeginPaint(window, &paint));
-    EndPaint(window, &paint);
+    self->paint();
+    return 0;
+  }
+  if (message == WM_ERASEBKGND) return 1;  // paint does it in one go with the frame: no flicker
+  if (self && message == kFrameArrived) {
+    if (const auto arrived = self->arrived_) arrived();  // it may destroy the window
     return 0;
   }
   if (self && message == WM_NCDESTROY) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <utility>
 
 namespace tessivo {
 
@@ -12,24 +13,39 @@ namespace tessivo {
 /// only.
 class PictureWindow {
  public:
-  /// Visible at once (a renderer that begins on a hidden window may never show anything) and on
-  /// top of an earlier one, which goes on showing its last frame below. `onPaint` draws the
-  /// present frame, if there is one; the window's black is below it.
-  PictureWindow(HWND engineWindow, std::function<void(HDC)> onPaint);
+  /// Visible at once (a renderer that begins on a hidden window may never show anything), but below
+  /// all earlier ones, whose pictures stay to be seen until this one is raised. `aside`: it lies
+  /// beside the engine's visible area until it is told to come in.
+  PictureWindow(HWND engineWindow, bool aside);
   ~PictureWindow();
   PictureWindow(const PictureWindow&) = delete;
   PictureWindow& operator=(const PictureWindow&) = delete;
 
   HWND handle() const { return window_; }
+  /// `paint` draws the whole window with the present frame; false when there is none: black then.
+  void onPaint(std::function<bool(HDC)> paint) { paint_ = std::move(paint); }
+  /// `arrived` is called from the message loop after noteFrame.
+  void onFrame(std::function<void()> arrived) { arrived_ = std::move(arrived); }
+  /// The renderer has its first frame for that window. Any thread; a window that has gone is
+  /// ignored.
+  static void noteFrame(HWND picture);
+
+  void comeIn();
+  /// Above all earlier ones.
+  void raise();
   void hide();
   /// Fills the engine's window again after that has changed its size.
   void fill();
 
  private:
+  void paint();
+
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND window_ = nullptr;
-  std::function<void(HDC)> onPaint_;
+  bool aside_;
+  std::function<bool(HDC)> paint_;
+  std::function<void()> arrived_;
 };
 
 }  // namespace tessivo

@@ -21,6 +21,8 @@ EmbeddedMediaPlayer::EmbeddedMediaPlayer(HWND parent, Log& log) : log_(log), win
 }
 
 EmbeddedMediaPlayer::~EmbeddedMediaPlayer() {
+  giveUpNext();
+  last_.letGo();
   abandon();
   closing_.wait(kLongestGoodbyeMs);
 }
@@ -31,6 +33,18 @@ void EmbeddedMediaPlayer::setUrl(const std::string& url) {
   position_ = 0;
   duration_.reset();
   state_ = MediaPlayState::undefined;
+}
+
+/// A path that has failed is not tried again and again.
+void EmbeddedMediaPlayer::prepare(const std::string& url) {
+  if (next_.url == url) return;
+  giveUpNext();
+  if (!url.empty()) next_ = begin(url, 0, true);
+}
+
+void EmbeddedMediaPlayer::giveUpNext() {
+  if (next_.presentation) closing_.add(std::move(next_.presentation), std::move(next_.picture));
+  next_ = {};
 }
 
 /// Every play is answered by the playing notification or an error, also one that takes back a pause
@@ -100,36 +114,76 @@ void EmbeddedMediaPlayer::goToPosition() {
   attempt_.presentation->start(resumes ? std::nullopt : std::optional(position_));
 }
 
-/// Begins an attempt. One that was there goes on showing its last frame until it has closed.
+/// One that was there goes on showing its last frame until it has closed.
 void EmbeddedMediaPlayer::open() {
   if (attempt_.presentation) {
     closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
   }
-  ++serial_;
   if (url_.empty()) {
+    serial_ = ++lastSerial_;
     postEngineEvent(window_.handle(), EngineEvent::failed, serial_, E_INVALIDARG);
     return;
   }
-  attempt_.picture = std::make_unique<PictureWindow>(window_.handle(), [this](HDC dc) {
-    if (attempt_.presentation) attempt_.presentation->paint(dc);
+  last_.nextIsComing();
+  if (next_.presentation && next_.url == url_ && position_ == 0) {
+    attempt_ = std::exchange(next_, {});
+    duration_ = attempt_.duration;
+    attempt_.picture->comeIn();
+    applyVolume();
+    attempt_.presentation->go();
+  } else {
+    attempt_ = begin(url_, position_, false);
+  }
+  serial_ = attempt_.presentation->serial();
+}
+
+EmbeddedMediaPlayer::Attempt EmbeddedMediaPlayer::begin(const std::string& url, double seconds,
+                                                        bool waits) {
+  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits);
+  const WPARAM serial = ++lastSerial_;
+  auto presentation = std::make_shared<MediaPresentation>(
+      window_.handle(), serial,
+      MediaPresentation::Order{sourcePathOf(url), picture->handle(), seconds,
+                               amplitudeOf(volume_, muted_), waits});
+  picture->onPaint([weak = std::weak_ptr(presentation)](HDC dc) {
+    const auto painter = weak.lock();
+    return painter && painter->paint(dc);
   });
-  attempt_.presentation = std::make_shared<MediaPresentation>(
-      window_.handle(), serial_,
-      MediaPresentation::Order{sourcePathOf(url_), attempt_.picture->handle(), position_,
-                               amplitudeOf(volume_, muted_)});
-  AttemptThread::start(attempt_.presentation);
+  picture->onFrame([this, serial] { pictureArrived(serial); });
+  AttemptThread::start(presentation);
+  return {url, std::move(presentation), std::move(picture), std::nullopt};
+}
+
+void EmbeddedMediaPlayer::pictureArrived(WPARAM serial) {
+  if (serial != serial_ || !attempt_.presentation) return;
+  attempt_.picture->raise();
+  last_.letGo();
+}
+
+void EmbeddedMediaPlayer::forgetOrders() {
+  serial_ = ++lastSerial_;
+  starting_ = pauseOnStart_ = pauseOrdered_ = playOrdered_ = false;
 }
 
 void EmbeddedMediaPlayer::abandon() {
-  ++serial_;
-  starting_ = pauseOnStart_ = pauseOrdered_ = playOrdered_ = false;
+  forgetOrders();
   if (!attempt_.presentation) return;
   attempt_.picture->hide();
   closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
 }
 
+void EmbeddedMediaPlayer::eventOfNext(EngineEvent event, std::int32_t value) {
+  if (event == EngineEvent::opened) next_.duration = value / 1000.0;
+  if (event == EngineEvent::failed) {
+    closing_.add(std::move(next_.presentation), std::move(next_.picture));
+  }
+}
+
 void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) {
   if (event == EngineEvent::closed) return closing_.closed(serial);
+  if (next_.presentation && serial == next_.presentation->serial()) {
+    return eventOfNext(event, value);
+  }
   if (serial != serial_) return;
   switch (event) {
     case EngineEvent::opened:
@@ -153,6 +207,7 @@ void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::i
 
 void EmbeddedMediaPlayer::started() {
   starting_ = false;
+  last_.nextPlays();
   if (position_ != aim_) goToPosition();  // it was sought while it started
   if (!starting_ && std::exchange(pauseOnStart_, false)) {
     pauseOrdered_ = true;
@@ -164,7 +219,8 @@ void EmbeddedMediaPlayer::started() {
 }
 
 void EmbeddedMediaPlayer::ended() {
-  abandon();
+  forgetOrders();
+  last_.keep(std::move(attempt_.presentation), std::move(attempt_.picture));
   position_ = 0;
   state_ = MediaPlayState::stopped;
   playStateChange.raise(MediaPlayState::mediaEnded);
@@ -173,6 +229,7 @@ void EmbeddedMediaPlayer::ended() {
 void EmbeddedMediaPlayer::failed(std::int32_t reason) {
   log_.error("Media Foundation cannot play " + url_ + ": " + hexOf(reason));
   abandon();
+  last_.nextFailed();
   position_ = 0;
   state_ = MediaPlayState::stopped;
   mediaError.raise();
@@ -183,6 +240,10 @@ void EmbeddedMediaPlayer::changeState(MediaPlayState state) {
 }
 
 void EmbeddedMediaPlayer::onResized() {
+  if (next_.presentation) {
+    next_.picture->fill();
+    next_.presentation->fitPicture();
+  }
   if (!attempt_.presentation) return;
   attempt_.picture->fill();
   attempt_.presentation->fitPicture();

@@ -10,6 +10,7 @@
 #include "screen/MediaPlayerSlot.h"
 #include "screen/engines/embedded/ClosingAttempts.h"
 #include "screen/engines/embedded/EngineWindow.h"
+#include "screen/engines/embedded/LastPicture.h"
 #include "screen/engines/embedded/PictureWindow.h"
 #include "screen/engines/media_foundation/MediaPresentation.h"
 
@@ -30,6 +31,7 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   std::string url() const override { return url_; }
   void setUrl(const std::string& url) override;
 
+  void prepare(const std::string& url) override;
   void play() override;
   void pause() override;
   void stop() override;
@@ -52,19 +54,26 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
 
  private:
   struct Attempt {
+    std::string url;
     std::shared_ptr<MediaPresentation> presentation;
     std::unique_ptr<PictureWindow> picture;
+    std::optional<double> duration;
   };
 
   void onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) override;
   void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
   void onResized() override;
-  void onTimer() override {}
+  void onTimer(EngineWindow::Timer) override { last_.letGo(); }
 
   bool moves() const;
   void goToPosition();
   void open();
+  Attempt begin(const std::string& url, double seconds, bool waits);
+  void giveUpNext();
+  void eventOfNext(EngineEvent event, std::int32_t value);
+  void pictureArrived(WPARAM serial);
   void abandon();
+  void forgetOrders();
   void started();
   void ended();
   void failed(std::int32_t reason);
@@ -86,9 +95,12 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   bool playOrdered_ = false;   ///< and not answered yet
   std::optional<double> duration_;
   std::optional<MouseButton> pressed_;
-  WPARAM serial_ = 0;
+  WPARAM lastSerial_ = 0;
+  WPARAM serial_ = 0;  ///< of the present attempt, or of none
   Attempt attempt_;
+  Attempt next_;  ///< opened ahead; keeps its url when that failed
   ClosingAttempts closing_;
+  LastPicture last_{window_, closing_};
 };
 
 }  // namespace tessivo

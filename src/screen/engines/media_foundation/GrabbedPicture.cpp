@@ -3,6 +3,7 @@
 #include <mfapi.h>
 
 #include "screen/engines/embedded/Letterbox.h"
+#include "screen/engines/embedded/PictureWindow.h"
 
 namespace tessivo {
 namespace {
@@ -52,9 +53,9 @@ ComPtr<IMFActivate> GrabbedPicture::sink() {
   return sink;
 }
 
-void GrabbedPicture::paint(HDC dc) const {
+bool GrabbedPicture::paint(HDC dc) const {
   const std::lock_guard lock(mutex_);
-  if (frame_.empty()) return;
+  if (frame_.empty()) return false;
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof(format.bmiHeader);
   format.bmiHeader.biWidth = width_;
@@ -67,16 +68,22 @@ void GrabbedPicture::paint(HDC dc) const {
   SetStretchBltMode(dc, COLORONCOLOR);
   StretchDIBits(dc, place.left, place.top, place.width, place.height, 0, 0, width_, height_,
                 frame_.data(), &format, DIB_RGB_COLORS, SRCCOPY);
+  ExcludeClipRect(dc, place.left, place.top, place.left + place.width, place.top + place.height);
+  FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+  return true;
 }
 
 HRESULT GrabbedPicture::OnProcessSample(REFGUID, DWORD, LONGLONG, LONGLONG, const BYTE* bytes,
                                         DWORD size) {
   const auto expected = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_) * 4;
   if (size < expected) return S_OK;
+  bool first = false;
   {
     const std::lock_guard lock(mutex_);
+    first = frame_.empty();
     frame_.assign(bytes, bytes + expected);
   }
+  if (first) PictureWindow::noteFrame(picture_);
   InvalidateRect(picture_, nullptr, FALSE);
   return S_OK;
 }

@@ -28,8 +28,9 @@ class GrabbedPicture final : public IMFSampleGrabberSinkCallback {
   /// The sink that feeds this picture.
   ComPtr<IMFActivate> sink();
 
-  /// Draws the present frame into the window, its aspect ratio kept. User-interface thread.
-  void paint(HDC dc) const;
+  /// Draws the present frame into the window, its aspect ratio kept, on black; false when there is
+  /// none yet. User-interface thread.
+  bool paint(HDC dc) const;
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override;

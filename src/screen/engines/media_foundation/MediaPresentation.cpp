@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "screen/engines/embedded/PictureWindow.h"
 #include "screen/engines/embedded/RunsOnWine.h"
 #include "screen/engines/media_foundation/PlaybackTopology.h"
 
@@ -49,7 +50,10 @@ void applyTo(IMFAudioStreamVolume* volume, float amplitude) {
 }  // namespace
 
 MediaPresentation::MediaPresentation(HWND engineWindow, WPARAM serial, Order order)
-    : AttemptThread(engineWindow, serial), order_(std::move(order)), amplitude_(order_.amplitude) {}
+    : AttemptThread(engineWindow, serial),
+      order_(std::move(order)),
+      amplitude_(order_.amplitude),
+      waits_(order_.waits) {}
 
 template <typename T>
 ComPtr<T> MediaPresentation::held(const ComPtr<T>& member) const {
@@ -109,9 +113,10 @@ void MediaPresentation::fitPicture() {
   if (const auto display = held(display_)) display->SetVideoPosition(nullptr, &area);
 }
 
-void MediaPresentation::paint(HDC dc) const {
-  if (const auto grabbed = held(grabbed_)) grabbed->paint(dc);
-  if (const auto display = held(display_)) display->RepaintVideo();
+bool MediaPresentation::paint(HDC dc) const {
+  if (const auto grabbed = held(grabbed_)) return grabbed->paint(dc);
+  const auto display = held(display_);
+  return display && SUCCEEDED(display->RepaintVideo());
 }
 
 void MediaPresentation::run() {
@@ -210,6 +215,8 @@ void MediaPresentation::handleEvent(IMFMediaEvent* event, MediaEventType type, H
       return;
     case MESessionStarted:
       post(EngineEvent::playing);
+      // The system's renderer has shown its first frame when everything has started.
+      if (held(display_)) PictureWindow::noteFrame(order_.picture);
       return startIsOver();
     case MESessionPaused:
       return post(EngineEvent::paused);
@@ -222,6 +229,25 @@ void MediaPresentation::handleEvent(IMFMediaEvent* event, MediaEventType type, H
 
 void MediaPresentation::sessionIsReady() {
   if (failed_) return;
+  takeServices();
+  {
+    const std::lock_guard lock(mutex_);
+    ready_ = true;
+    if (waits_) return;
+  }
+  begin();
+}
+
+void MediaPresentation::go() {
+  {
+    const std::lock_guard lock(mutex_);
+    waits_ = false;
+    if (!ready_) return;
+  }
+  begin();
+}
+
+void MediaPresentation::takeServices() {
   ComPtr<IMFClock> clock;
   ComPtr<IMFAudioStreamVolume> volume;
   ComPtr<IMFVideoDisplayControl> display;
@@ -242,6 +268,9 @@ void MediaPresentation::sessionIsReady() {
     display->SetBorderColor(RGB(0, 0, 0));
     fitPicture();
   }
+}
+
+void MediaPresentation::begin() {
   double start = order_.startSeconds;
   if (duration_ != 0) start = std::min(start, static_cast<double>(duration_) / kTicksPerSecond);
   if (!mayStart()) return;
@@ -252,7 +281,7 @@ void MediaPresentation::sessionIsReady() {
 }
 
 void MediaPresentation::fail(HRESULT reason) {
-  if (std::exchange(failed_, true)) return;
+  if (failed_.exchange(true)) return;
   post(EngineEvent::failed, reason);
 }
 

@@ -25,12 +25,15 @@ class MediaPresentation final : public AttemptThread {
     HWND picture = nullptr;
     double startSeconds = 0;
     float amplitude = 1;
+    bool waits = false;  ///< it is opened, and starts with go()
   };
 
   MediaPresentation(HWND engineWindow, WPARAM serial, Order order);
 
   void close() override;
 
+  /// Starts one that waits, as soon as it is open.
+  void go();
   void pause();
   /// Goes on from a pause, or seeks when seconds are given. Not on Wine, whose session is stuck
   /// for good when it is started a second time.
@@ -41,8 +44,8 @@ class MediaPresentation final : public AttemptThread {
   double position() const;
   /// After the picture window has changed its size.
   void fitPicture();
-  /// Draws the present frame into the picture window.
-  void paint(HDC dc) const;
+  /// Draws the present frame into the picture window; false when there is none.
+  bool paint(HDC dc) const;
 
  private:
   void run() override;
@@ -52,6 +55,8 @@ class MediaPresentation final : public AttemptThread {
   void followSession();
   void handleEvent(IMFMediaEvent* event, MediaEventType type, HRESULT status);
   void sessionIsReady();
+  void takeServices();
+  void begin();
   /// False when the attempt is to close instead.
   bool mayStart();
   /// Closes the session when that was ordered during the start.
@@ -65,13 +70,15 @@ class MediaPresentation final : public AttemptThread {
   ComPtr<IMFMediaSource> source_;                   // own thread only
   ComPtr<IMFPresentationDescriptor> presentation_;  // own thread only
   UINT64 duration_ = 0;                             // own thread only; 100 ns, 0 unknown
-  bool failed_ = false;                             // own thread only
   bool withSound_ = true;                           // own thread only
   bool hasPicture_ = false;                         // own thread only
   std::atomic<float> amplitude_;
+  std::atomic<bool> failed_ = false;
 
   mutable std::mutex mutex_;  // of the members below; never held during a call of theirs
   bool closing_ = false;
+  bool waits_;
+  bool ready_ = false;
   /// Wine's source, closed while it starts, frees everything twice: the start comes to its end
   /// first.
   bool starting_ = false;

@@ -1,0 +1,53 @@
+#include "unit/screen/ScreenFixture.h"
+
+namespace tessivo {
+namespace {
+
+class PlaybackPrepareTest : public ScreenFixture {
+ protected:
+  std::string prepared() { return "wmp " + wmp().prepared + " | real " + real().prepared; }
+};
+
+TEST_F(PlaybackPrepareTest, TheRulesFirstEngineGetsThePathWithoutQuotes) {
+  screen.lngPlayRuler(playRule::kPreferMedia);
+  screen.prepareNext("\"C:\\b.avi\"");
+  EXPECT_EQ(prepared(), "wmp C:\\b.avi | real ");
+  for (const std::int32_t rule : {playRule::kPreferReal, playRule::kRealOnly}) {
+    screen.lngPlayRuler(rule);
+    screen.prepareNext("C:\\b.avi");
+    EXPECT_EQ(prepared(), "wmp  | real C:\\b.avi") << rule;
+  }
+  screen.lngPlayRuler(playRule::kMediaOnly);
+  screen.prepareNext("C:\\b.avi");
+  EXPECT_EQ(prepared(), "wmp C:\\b.avi | real ");
+}
+
+TEST_F(PlaybackPrepareTest, AnotherRuleForgetsIt) {
+  screen.prepareNext("C:\\b.avi");
+  screen.lngPlayRuler(playRule::kPreferReal);
+  EXPECT_EQ(prepared(), "wmp  | real ");
+}
+
+TEST_F(PlaybackPrepareTest, TheUsersStopForgetsItAndTheEndOfTheItemDoesNot) {
+  files.existing = {"C:\\a.avi"};
+  screen.strFilePath("C:\\a.avi");
+  screen.play();
+  time.advance(1);
+  real().notify(RealPlayState::playing);
+  time.advance(2000);
+  screen.prepareNext("C:\\b.avi");
+  real().notify(RealPlayState::stopped);
+  screen.stopPlay();  // as the panel does before it steps
+  screen.strFilePath("C:\\b.avi");
+  EXPECT_EQ(real().prepared, "C:\\b.avi");
+
+  screen.strFilePath("C:\\a.avi");
+  screen.play();
+  time.advance(1);
+  real().notify(RealPlayState::playing);
+  screen.stopPlay();
+  EXPECT_EQ(real().prepared, "");
+}
+
+}  // namespace
+}  // namespace tessivo
