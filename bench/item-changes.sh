@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# How an item follows the other on the second monitor, by its pixels: how much later than it should, and
+# how long it is black in between.
+#
+#   bench/item-changes.sh [ITEMS]   so many items of two seconds, 30 unless said, in two formats by turns;
+#                                   for each engine alone. PLAYER_PROGRAMS names the folder of the
+#                                   program and of tests/make_playlist.exe (build/x64)
+#
+# Runs on virtual monitors under Wine. Prints a line an engine.
+set -euo pipefail
+if [[ ${1:-} == -* ]]; then
+  sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
+  exit 2
+fi
+items=${1:-30}
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=tools/desktop
+source tools/desktop
+# shellcheck source=tools/player
+source tools/player
+PLAYER_NAME=item-changes
+folder=build/item-changes
+clips=$folder-clips
+seconds=2
+
+make_clips() {
+  local colour number=0
+  mkdir -p "$clips"
+  for colour in d02020 20d020 2020d0 d0d020 d020d0 20d0d0; do
+    number=$((number + 1))
+    if ((number % 2)); then
+      clip "$clips/$number.avi" "$colour" -c:v mpeg4 -q:v 3 -c:a libmp3lame
+    else
+      clip "$clips/$number.mp4" "$colour" -c:v libx264 -preset ultrafast -c:a aac
+    fi
+  done
+}
+# clip FILE COLOUR ENCODER_OPTION…
+clip() {
+  local file=$1 colour=$2
+  shift 2
+  if [[ -e $file ]]; then return; fi
+  ffmpeg -v error -y -f lavfi -i "color=0x$colour:size=640x360:rate=25:duration=$seconds" \
+    -f lavfi -i "sine=frequency=440:duration=$seconds" -pix_fmt yuv420p "$@" \
+    "$clips/new-${file##*/}" </dev/null
+  mv "$clips/new-${file##*/}" "$file"
+}
+
+# measure WHAT RULE
+measure() {
+  local list=() all i watcher
+  all=("$clips"/[0-9].*)
+  for ((i = 0; i < items; ++i)); do list+=("${all[i % ${#all[@]}]}"); done
+  player_install "$folder"
+  player_list "$folder" "$2" 40 "${list[@]}" >/dev/null
+  player_start "$folder"
+  bench/watch_pixels.py --items "$seconds" 1920 512 $((items * seconds + 12)) >"$folder/$2.txt" &
+  watcher=$!
+  sleep 1
+  player_drive play
+  wait "$watcher"
+  echo "$1: $(tail -n 1 "$folder/$2.txt"); load $(cut -d ' ' -f 1 /proc/loadavg)"
+  player_drive close
+  player_end
+}
+
+make_clips
+desktop_start right
+sound_start
+trap 'player_end; desktop_stop' EXIT
+player_end
+measure "Media Foundation" 3
+measure "DirectShow" 2
