@@ -58,6 +58,7 @@
 #include "screen/CaughtWindows.h"
 #include "screen/EngineChoice.h"
 #include "screen/engines/ChosenEngineFactory.h"
+#include "screen/engines/media_foundation/MediaFoundationLibraries.h"
 #include "screen/engines/real_player/RealPlayerProbe.h"
 #include "screen/frmScreen.h"
 #include "ui/win32/Win32Toolkit.h"
@@ -96,12 +97,21 @@ Rect panelArea(const Displays& displays) {
   return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
 }
 
-/// The first instance is asked to do what this one was started for.
+/// The first instance is asked to do what this one was started for. Its database is in use, so that
+/// it cannot take over another.
 void callFirstInstance() {
   const Win32Clock clock;
   const auto log = openLog(formProgramPaths(programFolder()), clock);
+  const StartWish wish = startWish(commandLineArguments());
+  if (wish.convert) {
+    log->error("not converted: another Tessivo is running");
+    MessageBoxW(nullptr,
+                L"泰思维正在运行，不能转换数据库。请先退出泰思维，再运行 Tessivo.exe --convert。",
+                L"泰思维", MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND);
+    return;
+  }
   Win32Messaging messaging;
-  PrevInstance(messaging, *log).handOver(startWish(commandLineArguments()).commandLine);
+  PrevInstance(messaging, *log).handOver(wish.commandLine);
 }
 
 /// What the player check needs as well as all that comes after it.
@@ -127,7 +137,8 @@ bool playersAreThere(Ground& ground, const EngineChoices& choices) {
   const Win32Files files;
   const Win32Accounts accounts;
   Win32Shell shell(log);
-  PlayerDetection detection(versions, whyRealPlayerFails, playersNeeded(choices), log);
+  PlayersNeeded needed = playersNeeded(choices, [&log] { return mediaFoundationIsThere(log); });
+  PlayerDetection detection(versions, whyRealPlayerFails, needed, log);
   const CheckUserFigure figure(accounts, log);
   frmCheckPlayers check(
       {ground.toolkit, ground.timers, files, shell, win32OsVersion(), ground.paths.programFolder,
@@ -139,13 +150,14 @@ bool playersAreThere(Ground& ground, const EngineChoices& choices) {
   return check.checkPlayers();
 }
 
-/// The file that all who read or write the database are told of, and what the user is to know of
-/// it.
-DatabaseState takeDatabase(Ground& ground, bool convert) {
+/// The file that all who read or write the database are told of. Returns what the user is to know
+/// of it.
+std::string takeDatabase(Ground& ground, bool convert) {
   const auto take = convert ? convertDatabase : chooseDatabase;
   const WorkingDatabase database = take(ground.paths.database, *ground.log);
+  std::string notice = databaseNotice(database, ground.paths.database);
   ground.paths.database = database.path;
-  return database.state;
+  return notice;
 }
 
 void runPlayer(Ground& ground, const EngineChoices& choices) {
@@ -157,7 +169,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   Win32MessageLoop& loop = ground.loop;
   Win32TimerService& timers = ground.timers;
   ui::Win32Toolkit& toolkit = ground.toolkit;
-  const DatabaseState database = takeDatabase(ground, wish.convert);
+  const std::string databaseText = takeDatabase(ground, wish.convert);
   const Win32Files files;
   const Win32DesktopWindows windows;
   Win32Pointer pointer;
@@ -206,7 +218,7 @@ void runPlayer(Ground& ground, const EngineChoices& choices) {
   startUp({paths, wish.commandLine, displays, *log, aimMonitor, playList, controler, screen,
            commandLines, requests, tray, panel, [&tray] { tray.load(); },
            [&panel, &displays] { panel.load(panelArea(displays)); }});
-  const DatabaseNotice notice(toolkit, timers, panel, database);
+  const DatabaseNotice notice(toolkit, timers, panel, databaseText);
   loop.run();
 }
 
@@ -219,6 +231,9 @@ void runProgram() {
   if (playersAreThere(ground, choices)) {
     runPlayer(ground, choices);
   } else {
+    if (startWish(commandLineArguments()).convert) {
+      log.error("not converted: a player is missing; start with --convert again");
+    }
     log.info("stop: a player is missing, or has just been installed");
   }
 }

@@ -6,9 +6,11 @@
 namespace tessivo {
 
 /// The installed players without which a slot of the playback window would stay empty: one that is
-/// to hold the installed control and nothing else.
-inline PlayersNeeded playersNeeded(const EngineChoices& choices) {
-  return {choices.mediaPlayer == EngineChoice::control,
+/// to hold the installed control and nothing else, or that has no engine of its own, because this
+/// Windows comes without Media Foundation. `mediaFoundationIsThere` is asked only where it matters.
+template <typename Asked>
+PlayersNeeded playersNeeded(const EngineChoices& choices, Asked mediaFoundationIsThere) {
+  return {choices.mediaPlayer == EngineChoice::control || !mediaFoundationIsThere(),
           choices.realPlayer == EngineChoice::control};
 }
 

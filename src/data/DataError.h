@@ -9,6 +9,7 @@ namespace tessivo {
 enum class DataFault {
   cannotOpen,  ///< no such file, no access, not a file
   damaged,     ///< not a database, or one whose pages contradict each other
+  noTable,     ///< it lacks a table that a statement names (as a driver says it)
   busy,        ///< another program holds it
   readOnly,    ///< it may be read but not written
   accessFile,  ///< an Access file, and no driver for it

@@ -9,12 +9,37 @@
 
 namespace tessivo {
 
-bool isAccessFile(const std::string& path) {
+namespace {
+
+constexpr std::string_view kNewerFormat = "Standard ACE DB";
+
+/// What stands where an Access file names its format; "" when the file is too short.
+std::string formatOf(const std::string& path) {
   std::ifstream file(toFilePath(path), std::ios::binary);
   char start[19] = {};
-  if (!file.read(start, sizeof start)) return false;
-  const std::string_view format(start + 4, sizeof start - 4);
-  return format == "Standard Jet DB" || format == "Standard ACE DB";
+  if (!file.read(start, sizeof start)) return {};
+  return {start + 4, sizeof start - 4};
+}
+
+void renameDatabase(const std::string& from, const std::string& to) {
+  std::error_code none;
+  std::filesystem::rename(toFilePath(from), toFilePath(to));
+  std::filesystem::rename(toFilePath(from + "-journal"), toFilePath(to + "-journal"), none);
+}
+
+}  // namespace
+
+bool isAccessFile(const std::string& path) {
+  return formatOf(path) == "Standard Jet DB" || isNewerAccessFile(path);
+}
+
+bool isNewerAccessFile(const std::string& path) {
+  return formatOf(path) == kNewerFormat;
+}
+
+bool holdsSomething(const std::string& path) {
+  return std::ifstream(toFilePath(path), std::ios::binary).get() !=
+         std::ifstream::traits_type::eof();
 }
 
 bool canBeWritten(const std::string& path) {
@@ -30,11 +55,23 @@ std::string freeNameBeside(const std::string& path, const std::string& suffix) {
 }
 
 std::string keepAside(const std::string& path, const std::string& suffix) {
-  std::error_code none;
   std::string aside = freeNameBeside(path, suffix);
-  std::filesystem::rename(toFilePath(path), toFilePath(aside));
-  std::filesystem::rename(toFilePath(path + "-journal"), toFilePath(aside + "-journal"), none);
+  renameDatabase(path, aside);
   return aside;
+}
+
+std::string putInPlace(const std::string& made, const std::string& path,
+                       const std::string& suffix) {
+  std::error_code error;
+  std::string kept;
+  if (std::filesystem::exists(toFilePath(path), error)) kept = keepAside(path, suffix);
+  try {
+    std::filesystem::rename(toFilePath(made), toFilePath(path));
+  } catch (const std::filesystem::filesystem_error&) {
+    if (!kept.empty()) renameDatabase(kept, path);
+    throw;
+  }
+  return kept;
 }
 
 }  // namespace tessivo

@@ -7,6 +7,13 @@ namespace tessivo {
 /// Whether the file is one of Microsoft Access, by its first bytes. No such file: no.
 bool isAccessFile(const std::string& path);
 
+/// Of a file that isAccessFile: whether it has the format of Access 2007 and later, which the older
+/// driver cannot read.
+bool isNewerAccessFile(const std::string& path);
+
+/// Whether there is a file that may be read now and has at least one byte.
+bool holdsSomething(const std::string& path);
+
 /// Whether the file is there and may be written; it stays as it is.
 bool canBeWritten(const std::string& path);
 
@@ -17,5 +24,10 @@ std::string freeNameBeside(const std::string& path, const std::string& suffix);
 /// there goes along: another database at `path` must not find it. Throws
 /// std::filesystem::filesystem_error.
 std::string keepAside(const std::string& path, const std::string& suffix);
+
+/// Renames `made` to `path`. What is at `path` is kept, see keepAside; returns its new name, ""
+/// when there was nothing. When it throws (std::filesystem::filesystem_error) both are where they
+/// were.
+std::string putInPlace(const std::string& made, const std::string& path, const std::string& suffix);
 
 }  // namespace tessivo

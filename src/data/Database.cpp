@@ -1,5 +1,7 @@
 #include "data/Database.h"
 
+#include <utility>
+
 #include "base/Text.h"
 #include "data/DataError.h"
 #include "data/DataFiles.h"
@@ -22,14 +24,24 @@ std::string braced(const std::string& path) {
   return text + '}';
 }
 
+/// Tries the driver that is the one for the file, then the other. The older one is on every 32-bit
+/// Windows and refuses what is newer; what it says of such a file does not count.
 std::shared_ptr<Database> openAccessFile(const std::string& path) {
   const std::string file = std::string(kPathKey) + braced(path);
+  const bool isNewer = isNewerAccessFile(path);
+  const auto& [first, second] = isNewer ? std::pair(kNewerDriver, kDriver)  //
+                                        : std::pair(kDriver, kNewerDriver);
   try {
-    return std::make_shared<OdbcDatabase>(file + std::string(kDriver));
-  } catch (const DataError& error) {
-    if (error.fault() != DataFault::accessFile) throw;
+    return std::make_shared<OdbcDatabase>(file + std::string(first));
+  } catch (const DataError& one) {
+    try {
+      return std::make_shared<OdbcDatabase>(file + std::string(second));
+    } catch (const DataError& other) {
+      const bool otherKnows = !isNewer && one.fault() == DataFault::accessFile;
+      throw DataError(otherKnows ? other.fault() : one.fault(),
+                      std::string(one.what()) + "; " + other.what());
+    }
   }
-  return std::make_shared<OdbcDatabase>(file + std::string(kNewerDriver));
 }
 
 std::string_view firstWord(std::string_view text) {

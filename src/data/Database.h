@@ -40,7 +40,8 @@ class Database {
   /// Appends a row, committed at once unless a transaction is open.
   virtual void insertRow(const std::string& table, const std::vector<FieldValue>& fields) = 0;
   /// Changes the one row that still reads `original`; fails when no row does (somebody else has
-  /// changed it). Committed at once unless a transaction is open.
+  /// changed it), through a driver also when more than one does. Committed at once unless a
+  /// transaction is open.
   virtual void updateRow(const std::string& table, const std::vector<FieldValue>& changes,
                          const std::vector<FieldValue>& original) = 0;
 
@@ -57,7 +58,8 @@ std::string tableOf(std::string_view sql);
 std::string connectionStringFor(const std::string& path);
 
 /// Opens the file that the connection string names, which must exist. An Access file is opened
-/// through its ODBC driver, of that name or of the newer one. Throws DataError.
+/// through its ODBC driver, of that name or of the newer one, whichever takes it. Throws DataError:
+/// DataFault::accessFile, there is no driver for it; damaged, no driver understands it.
 std::shared_ptr<Database> openDatabase(const std::string& connectionString);
 
 }  // namespace tessivo

@@ -18,10 +18,6 @@ namespace {
 
 constexpr std::array kTables{"sys", "play_list", "file_association", "file_association_config"};
 
-std::string ownPath(const std::string& path) {
-  return path + ".db";
-}
-
 bool exists(const std::string& path) {
   std::error_code error;
   return std::filesystem::exists(toFilePath(path), error);
@@ -75,49 +71,75 @@ void copyAll(Database& from, const std::string& to, Log& log) {
 
 /// Under another name first, so that a failure in the middle leaves no half a database.
 void moveIn(const std::string& path, Log& log) {
-  if (!isAccessFile(path)) throw DataError(DataFault::failed, path + " is none");
-  const std::string own = ownPath(path);
+  if (!isAccessFile(path)) throw DataError(DataFault::failed, path + " is no Access file");
+  const std::string own = ownPathBeside(path);
   const std::string made = own + ".new";
   std::error_code none;
   std::filesystem::remove(toFilePath(made), none);  // of an attempt that broke off
   try {
     copyAll(*openAccess(path), made, log);
-    if (exists(own)) log.info("database in the way kept as " + keepAside(own, ".old-"));
-    std::filesystem::rename(toFilePath(made), toFilePath(own));
+    const std::string kept = putInPlace(made, own, ".old-");
+    if (!kept.empty()) log.info("database in the way kept as " + kept);
   } catch (const std::exception&) {
     std::filesystem::remove(toFilePath(made), none);
     throw;
   }
 }
 
-WorkingDatabase withoutDriver(const std::string& path, Log& log) {
-  const DatabaseState state = prepareDatabase(ownPath(path), log);
-  return {ownPath(path), state == DatabaseState::created ? DatabaseState::accessFile : state};
+/// A fault of a file that will not be read here tomorrow either.
+bool isLasting(DataFault fault) {
+  return fault == DataFault::accessFile || fault == DataFault::damaged ||
+         fault == DataFault::noTable;
 }
 
-}  // namespace
+WorkingDatabase ownDatabase(const std::string& path, Log& log) {
+  log.info("database: the own one " + ownPathBeside(path));
+  return {ownPathBeside(path), prepareDatabase(ownPathBeside(path), log)};
+}
 
-WorkingDatabase chooseDatabase(const std::string& path, Log& log) {
-  if (!isAccessFile(path)) return {path, prepareDatabase(path, log)};
-  if (exists(ownPath(path))) return {ownPath(path), prepareDatabase(ownPath(path), log)};
+WorkingDatabase besideAccessFile(const std::string& path, Log& log) {
+  WorkingDatabase own = ownDatabase(path, log);
+  if (own.state == DatabaseState::created) own.state = DatabaseState::accessFile;
+  return own;
+}
+
+WorkingDatabase accessDatabase(const std::string& path, Log& log) {
   try {
     openAccess(path);
     log.info("database: the Access file " + path + " through its driver");
     return {path, canBeWritten(path) ? DatabaseState::accessInUse : DatabaseState::notWritable};
-  } catch (const std::exception& error) {
+  } catch (const DataError& error) {
     log.error(std::string("Access file not usable: ") + error.what());
-    return withoutDriver(path, log);
+    if (isLasting(error.fault())) return besideAccessFile(path, log);
+    return {path, DatabaseState::accessHeld};
   }
+}
+
+}  // namespace
+
+std::string ownPathBeside(const std::string& path) {
+  return path + ".db";
+}
+
+WorkingDatabase chooseDatabase(const std::string& path, Log& log) {
+  const bool isAccess = isAccessFile(path);
+  if (exists(ownPathBeside(path)) && (isAccess || !holdsSomething(path))) {
+    return ownDatabase(path, log);
+  }
+  if (isAccess) return accessDatabase(path, log);
+  return {path, prepareDatabase(path, log)};
 }
 
 WorkingDatabase convertDatabase(const std::string& path, Log& log) {
   try {
     moveIn(path, log);
-    log.info("Access file copied into " + ownPath(path));
-    return {ownPath(path), DatabaseState::converted};
+    log.info("Access file copied into " + ownPathBeside(path));
+    return {ownPathBeside(path), DatabaseState::converted};
   } catch (const std::exception& error) {
     log.error(std::string("Access file not copied: ") + error.what());
-    return {chooseDatabase(path, log).path, DatabaseState::notConverted};
+    WorkingDatabase database = chooseDatabase(path, log);
+    database.notConverted = true;
+    return database;
   }
 }
 

@@ -12,12 +12,12 @@ enum class DatabaseState {
   created,     ///< there was none (or an empty file); now there is one, with the associations alone
   replaced,    ///< it was damaged; it has been kept aside, and there is a new one like that
   accessFile,  ///< a Microsoft Access file, left alone; of chooseDatabase: without a driver for it,
-               ///< so that there is a new database beside it
-  accessInUse,   ///< of chooseDatabase: a Microsoft Access file, through its driver
-  converted,     ///< of convertDatabase: the content of the Access file is in the own database
-  notConverted,  ///< of convertDatabase: it could not be done; what is used is as without it
-  notWritable,   ///< what is there, if anything, can be read at most: nothing can be stored
-  leftAlone,     ///< it cannot be used now: another program holds it
+               ///< or not to be understood, so that there is a new database beside it
+  accessInUse,  ///< of chooseDatabase: a Microsoft Access file, through its driver
+  converted,    ///< of convertDatabase: the content of the Access file is in the own database
+  accessHeld,   ///< of chooseDatabase: a Microsoft Access file that its driver cannot open now
+  notWritable,  ///< what is there, if anything, can be read at most: nothing can be stored
+  leftAlone,    ///< it cannot be used now: another program holds it
 };
 
 /// Sees to it that a usable database lies at `path`, once, before anything reads it. What happened

@@ -1,6 +1,7 @@
 #include "prereq/PlayerDetection.h"
 
 #include <charconv>
+#include <exception>
 #include <utility>
 
 namespace tessivo {
@@ -22,15 +23,27 @@ PlayersFound PlayerDetection::detect() {
 }
 
 bool PlayerDetection::mediaPlayerIsThere() {
-  const std::string version = version_.GetVersionInfo("wmp.dll");
-  const bool there = majorOf(version) >= kLeastMediaPlayer;
-  tell(toldOfMediaPlayer_, std::string("Windows Media Player is ") + (there ? "" : "not ") +
-                               "installed: wmp.dll is of version " + version);
+  bool there = false;
+  std::string found;
+  try {
+    const std::string version = version_.GetVersionInfo("wmp.dll");
+    there = majorOf(version) >= kLeastMediaPlayer;
+    found = "wmp.dll is of version " + version;
+  } catch (const std::exception& error) {
+    found = error.what();
+  }
+  tell(toldOfMediaPlayer_,
+       std::string("Windows Media Player is ") + (there ? "" : "not ") + "installed: " + found);
   return there;
 }
 
 bool PlayerDetection::realPlayerIsThere() {
-  const std::string why = askRealPlayer_();
+  std::string why;
+  try {
+    why = askRealPlayer_();
+  } catch (const std::exception& error) {
+    why = std::string("asking it failed: ") + error.what();
+  }
   tell(toldOfRealPlayer_,
        why.empty() ? "RealPlayer is installed" : "RealPlayer is not installed: " + why);
   return why.empty();

@@ -24,7 +24,8 @@ struct PlayersFound {
   bool both() const { return mediaPlayer && realPlayer; }
 };
 
-/// Finds out whether the players are installed. Whatever goes wrong means that one is not.
+/// Finds out whether the players are installed. Whatever goes wrong, an exception, too, means that
+/// one is not.
 class PlayerDetection {
  public:
   /// Makes the installed RealPlayer control and calls it. Returns why it does not answer, for the

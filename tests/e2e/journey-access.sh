@@ -39,6 +39,21 @@ player_start "$folder"
 check "the next run has the list" shows rows 3
 player_drive close
 
+player_start "$folder"
+refusal() { [[ -n $(xdotool search --onlyvisible --name '^泰思维$' 2>/dev/null) ]]; }
+refusal_is_gone() { ! refusal; }
+TESSIVO_TIMEOUT=60 player_wine "$folder/Tessivo.exe" ' --Convert ' &
+second=$!
+check "a conversion beside a running player is refused with a notice" player_wait 20 refusal
+desktop_screenshot "$shots/refused.png"
+xdotool search --onlyvisible --name '^泰思维$' windowactivate key Return || true
+check "which a key closes" player_wait 5 refusal_is_gone
+wait "$second" || true
+check "the log says so" said 'not converted: another Tessivo is running'
+check "the running player goes on" shows rows 3
+player_drive close
+check "nothing was converted" test ! -e "$folder/SysConfig.db"
+
 player_start "$folder" --convert
 check "what has been converted is said" player_wait 5 dialog_says "$converted"
 desktop_screenshot "$shots/converted.png"

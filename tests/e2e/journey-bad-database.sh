@@ -5,8 +5,9 @@ source "$(dirname "${BASH_SOURCE[0]}")/panel.sh"
 journey bad-database
 
 damaged='数据库 SysConfig 已损坏，无法读取其中的播放列表和设置。原文件保留在程序文件夹中，文件名以 SysConfig.damaged 开头；现在使用新的空列表。'
-access='数据库 SysConfig 是 Microsoft Access 文件，在这台电脑上无法读取（没有它的驱动程序，或文件已损坏，详见 Tessivo.log）。原文件没有改动；播放列表和设置现在保存在新的数据库 SysConfig.db 中。'
-not_converted='没有转换：SysConfig 不是 Microsoft Access 文件，或在这台电脑上无法读取，详见 Tessivo.log。原文件没有改动。'
+access='数据库 SysConfig 是 Microsoft Access 文件，在这台电脑上无法读取（没有它的驱动程序，或文件已损坏，详见 Tessivo.log）。原文件没有改动；播放列表和设置现在保存在新的数据库 SysConfig.db 中。要转入原有的数据，请用 32 位版运行一次 Tessivo.exe --convert（详见使用说明）。'
+failed='SysConfig 没有转换，原因详见 Tessivo.log。'
+not_converted="${failed}原有的文件没有改动。"
 
 # The player opens, plays a file and closes.
 opens_and_plays() {
@@ -76,6 +77,20 @@ converts_or_says_so() {
 }
 check "an Access file that cannot be converted: the player says so and works" converts_or_says_so
 check "an Access file that cannot be converted stays as it was" same "$folder/SysConfig" "$sum"
+rm "$folder/SysConfig"
+check "an Access file that is gone: the next run has the list of the new database" rows_after_restart 1
+check "an Access file that is gone: there is no other database" test ! -e "$folder/SysConfig"
+truncate -s 3000 "$folder/SysConfig.db"
+check "a truncated new database: the player names it" says_so_and_plays "${damaged//SysConfig/SysConfig.db}"
+
+fresh
+{ printf '\0\1\0\0Standard Jet DB\0' && head -c 20000 /dev/zero; } >"$folder/SysConfig"
+says_both() {
+  player_start "$folder" --convert && player_wait 5 dialog_says "$failed$access" || return
+  desktop_screenshot "$shots/both.png"
+  player_drive answer cmdYes close
+}
+check "a conversion that cannot be: the player also says what is used now" says_both
 
 fresh
 player_list "$folder" 1 40 "$clips/film.avi" "$clips/long.mp4"

@@ -24,6 +24,7 @@ players_are() {
   says "$title" "Picture1 |labNotes $notes|picUpdateButtonPal |Picture2 |$1|Picture3 |$2|cmdOk 确定|"
 }
 media_there='labMediaNotes Windows Media Player 已经安装。'
+real_there='labRealNotes Real Player 已经安装。'
 media_missing="labMediaNotes $vista$missing|cmdInstallMediaPlayer $download"
 real_missing="labRealNotes RealPlayer 11$missing|cmdInstallRealPlayer $download"
 real_with_installer="labRealNotes RealPlayer 11$missing|cmdInstallRealPlayer $install"
@@ -167,6 +168,44 @@ when_it_is_installed() {
   is_withdrawn
 }
 
+# Windows 10 says what it is to a program that names it, and then no product would be offered.
+on_windows_10() {
+  PLAYER_NAME=journey-windows-10
+  player_wine reg add 'HKCU\Software\Wine' /v Version /d win10 /f >/dev/null
+  begin_with_dialog
+  check "Windows 10 counts as Vista" players_are "$media_there" "$real_missing"
+  key Escape
+  ends "Windows 10"
+  player_end
+  PLAYER_NAME=journey-control
+}
+
+# Without Media Foundation's libraries, as on editions N.
+without_media_foundation() {
+  export WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe=;mf,mfplat='
+  starts_with control auto
+  starts_with auto auto
+  check "auto: the log says what is missing" said 'Media Foundation is not there: no mfplat.dll'
+  cp "$PLAYER_PROGRAMS/tests/OldPlayer.dll" "$folder/wmp.dll"
+  journey_engines embedded auto
+  begin_with_dialog
+  check "embedded: Media Player is asked for instead" players_are "$media_missing" "$real_there"
+  key Escape
+  ends "without Media Foundation"
+  begin_with_dialog --convert
+  key Escape
+  ends "without Media Foundation, with --convert"
+  check "a conversion that was not done is in the log" said 'not converted: a player is missing'
+  rm "$folder/wmp.dll"
+  journey_engines embedded auto
+  begin "$(player_windows_path "$clips/film.avi")"
+  check "a file is played all the same, by the other engine" says_within 30 ' playing: '
+  player_drive close
+  player_end
+  export -n WINEDLLOVERRIDES
+  unset WINEDLLOVERRIDES
+}
+
 # starts_with MEDIA REAL: by that Engines.ini nothing is missing.
 starts_with() {
   journey_engines "$1" "$2"
@@ -204,3 +243,5 @@ with_its_buttons
 with_an_old_media_player
 when_it_is_installed
 with_engines_ini
+on_windows_10
+without_media_foundation

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +33,12 @@ inline std::vector<std::uint8_t> versionResource(std::uint16_t major, std::uint1
 struct FakeFileVersions : FileVersions {
   std::vector<std::uint8_t> resourceOf(const std::string& file) const override {
     asked.push_back(file);
+    if (throws) throw std::runtime_error("cannot be read");
     const auto found = files.find(file);
     return found == files.end() ? std::vector<std::uint8_t>{} : found->second;
   }
   std::map<std::string, std::vector<std::uint8_t>> files;
+  bool throws = false;
   mutable std::vector<std::string> asked;
 };
 

@@ -34,7 +34,12 @@ bool succeeded(SQLRETURN code) {
   return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
 }
 
-DataFault faultOf(const std::string& state) {
+/// Access's own numbers for a file that is none of Access's, and for a damaged one.
+constexpr std::array<SQLINTEGER, 2> kNotUnderstood{-1028, -1206};
+
+DataFault faultOf(const std::string& state, SQLINTEGER number) {
+  if (std::ranges::count(kNotUnderstood, number) > 0) return DataFault::damaged;
+  if (state == "42S02") return DataFault::noTable;
   if (state == "IM002" || state == "IM003" || state == "01000") return DataFault::accessFile;
   if (state.starts_with("08")) return DataFault::cannotOpen;
   if (state == "HYT00" || state == "HYT01" || state == "40001") return DataFault::busy;
@@ -53,8 +58,8 @@ DataFault faultOf(const std::string& state) {
   text.resize(std::min(text.size() - 1, static_cast<std::size_t>(std::max<int>(length, 0))));
   state.resize(5);
   const std::string sqlState = toUtf8(state);
-  throw DataError(faultOf(sqlState), what + ": " + toUtf8(text) + " (ODBC " + sqlState + ", " +
-                                         std::to_string(number) + ")");
+  throw DataError(faultOf(sqlState, number), what + ": " + toUtf8(text) + " (ODBC " + sqlState +
+                                                 ", " + std::to_string(number) + ")");
 }
 
 /// Table and column names as both Access and SQLite take them.
@@ -261,6 +266,12 @@ class OdbcDatabase::Connection {
           "commit mode");
   }
   void commit() { check(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_COMMIT), "commit"); }
+  /// Nobody asks for the outcome: the connection's end would do it, too.
+  void rollBack() {
+    SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK);
+    SQLSetConnectAttrW(connection_, SQL_ATTR_AUTOCOMMIT, asPointer(SQL_AUTOCOMMIT_ON),
+                       SQL_IS_UINTEGER);
+  }
 
  private:
   static SQLPOINTER asPointer(SQLULEN number) {
@@ -341,20 +352,39 @@ void OdbcDatabase::updateRow(const std::string& table, const std::vector<FieldVa
   for (const auto& field : original) {
     if (!isNull(*field.value)) statement.bind(*field.value);
   }
-  statement.run();
-  if (statement.changedRows() < 1) {
-    throw DataError(DataFault::failed,
-                    "the row to change in " + table + " is no longer as it was read");
-  }
+  inTransaction([&] {
+    statement.run();
+    if (statement.changedRows() != 1) {
+      throw DataError(DataFault::failed,
+                      "not one row to change in " + table + " is as it was read");
+    }
+  });
 }
 
 void OdbcDatabase::begin() {
   connection_->commitByItself(false);
+  inTransaction_ = true;
 }
 
 void OdbcDatabase::commit() {
   connection_->commit();
   connection_->commitByItself(true);
+  inTransaction_ = false;
+}
+
+/// What fails is taken back: within a transaction when that is, else at once.
+template <typename Change>
+void OdbcDatabase::inTransaction(Change change) {
+  if (inTransaction_) return change();
+  begin();
+  try {
+    change();
+    commit();
+  } catch (...) {
+    inTransaction_ = false;
+    connection_->rollBack();
+    throw;
+  }
 }
 
 }  // namespace tessivo

@@ -28,7 +28,11 @@ class OdbcDatabase final : public Database {
 
  private:
   class Connection;
+  template <typename Change>
+  void inTransaction(Change change);
+
   std::unique_ptr<Connection> connection_;
+  bool inTransaction_ = false;
 };
 
 }  // namespace tessivo

@@ -116,16 +116,38 @@ TEST_F(MessageBoxTest, ANoticeHasOneButtonThatEnterPresses) {
   EXPECT_EQ(seen, "提示|文件路径不合法|确定|");
 }
 
-TEST(DatabaseNotice, IsThereForWhatTheUserHasToKnow) {
-  for (const auto state :
-       {DatabaseState::replaced, DatabaseState::accessFile, DatabaseState::notWritable,
-        DatabaseState::converted, DatabaseState::notConverted}) {
-    EXPECT_NE(databaseNotice(state).find("SysConfig"), std::string::npos);
+std::string noticeOf(DatabaseState state, const std::string& file, bool notConverted = false) {
+  return databaseNotice({"C:\\A B\\" + file, state, notConverted}, "C:\\A B\\SysConfig");
+}
+bool has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(DatabaseNotice, NamesTheFileThatItSpeaksOf) {
+  EXPECT_TRUE(has(noticeOf(DatabaseState::replaced, "SysConfig"), "SysConfig.damaged 开头"));
+  EXPECT_TRUE(has(noticeOf(DatabaseState::replaced, "SysConfig.db"), "SysConfig.db.damaged 开头"));
+  EXPECT_TRUE(has(noticeOf(DatabaseState::notWritable, "SysConfig.db"), "数据库 SysConfig.db，"));
+  EXPECT_TRUE(has(noticeOf(DatabaseState::accessHeld, "SysConfig"), "数据库 SysConfig 是"));
+  for (const auto state : {DatabaseState::accessFile, DatabaseState::converted}) {
+    EXPECT_TRUE(has(noticeOf(state, "SysConfig.db"), " SysConfig "));
+    EXPECT_TRUE(has(noticeOf(state, "SysConfig.db"), "新的数据库 SysConfig.db"));
   }
-  EXPECT_NE(databaseNotice(DatabaseState::replaced).find("SysConfig.damaged"), std::string::npos);
+  EXPECT_TRUE(has(noticeOf(DatabaseState::accessFile, "SysConfig.db"), "--convert"));
+}
+
+TEST(DatabaseNotice, IsNotThereForWhatTheUserNeedNotKnow) {
   for (const auto state : {DatabaseState::ready, DatabaseState::created, DatabaseState::leftAlone,
                            DatabaseState::accessInUse}) {
-    EXPECT_EQ(databaseNotice(state), "");
+    EXPECT_EQ(noticeOf(state, "SysConfig"), "");
+  }
+}
+
+TEST(DatabaseNotice, OfAFailedConversionSaysAlsoWhatIsUsed) {
+  const std::string failed = "SysConfig 没有转换，原因详见 Tessivo.log。";
+  EXPECT_EQ(noticeOf(DatabaseState::accessInUse, "SysConfig", true),
+            failed + "原有的文件没有改动。");
+  for (const auto state : {DatabaseState::accessFile, DatabaseState::notWritable}) {
+    EXPECT_EQ(noticeOf(state, "SysConfig.db", true), failed + noticeOf(state, "SysConfig.db"));
   }
 }
 
@@ -137,15 +159,17 @@ TEST_F(MessageBoxTest, ANoticeAboutTheDatabaseComesOnceWhenTheMessagesGoRound) {
     time.advance(100);  // it is up for a while
     world->click(notice.cmdYes);
   });
-  const DatabaseNotice notice(world->toolkit(), time, main, DatabaseState::replaced);
+  const DatabaseNotice notice(world->toolkit(), time, main, "没有转换");
   EXPECT_EQ(seen, std::vector<std::string>());
   time.advance(100);
-  EXPECT_EQ(seen, std::vector<std::string>{databaseNotice(DatabaseState::replaced)});
+  EXPECT_EQ(seen, std::vector<std::string>{"没有转换"});
+  time.advance(100);
+  EXPECT_EQ(seen.size(), 1U);
 }
 
 TEST_F(MessageBoxTest, AGoodDatabaseIsNotSpokenOf) {
   world->answerDialogs([](ui::Form&) { FAIL() << "a dialog"; });
-  const DatabaseNotice notice(world->toolkit(), time, main, DatabaseState::ready);
+  const DatabaseNotice notice(world->toolkit(), time, main, "");
   time.advance(100);
 }
 

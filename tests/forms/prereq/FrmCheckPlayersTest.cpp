@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "fakes/FakeFileVersions.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeShell.h"
@@ -301,6 +303,16 @@ TEST_F(FrmCheckPlayersTest, TheTimerIsOffWhileItLooks) {
     EXPECT_FALSE(enabled);
     EXPECT_EQ(detections, 2);
     EXPECT_TRUE(dialog.timCheckPlayers.enabled());
+  });
+}
+
+TEST_F(FrmCheckPlayersTest, AnExceptionDoesNotEndTheLooking) {
+  check([this](frmCheckPlayers& dialog) {
+    whenRealIsAsked = [] { throw std::runtime_error("no memory"); };
+    time.advance(2000);
+    EXPECT_TRUE(dialog.timCheckPlayers.enabled());
+    EXPECT_TRUE(dialog.visible());
+    whenRealIsAsked = nullptr;
   });
 }
 

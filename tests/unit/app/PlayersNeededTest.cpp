@@ -7,13 +7,14 @@ namespace {
 
 using enum EngineChoice;
 
-std::string needed(EngineChoice mediaPlayer, EngineChoice realPlayer) {
-  const PlayersNeeded players = playersNeeded({mediaPlayer, realPlayer});
+std::string needed(EngineChoice mediaPlayer, EngineChoice realPlayer, bool mediaFoundation = true) {
+  const PlayersNeeded players =
+      playersNeeded({mediaPlayer, realPlayer}, [=] { return mediaFoundation; });
   return std::string(players.mediaPlayer ? "media " : "") + (players.realPlayer ? "real" : "");
 }
 
 TEST(PlayersNeededTest, WithoutAWordOnEnginesBothAreNeeded) {
-  const PlayersNeeded players = playersNeeded({});
+  const PlayersNeeded players = playersNeeded({}, [] { return true; });
   EXPECT_TRUE(players.mediaPlayer);
   EXPECT_TRUE(players.realPlayer);
 }
@@ -26,6 +27,19 @@ TEST(PlayersNeededTest, ASlotWithAnEngineOfItsOwnNeedsNone) {
   EXPECT_EQ(needed(control, automatic), "media ");
   EXPECT_EQ(needed(automatic, automatic), "");
   EXPECT_EQ(needed(embedded, embedded), "");
+}
+
+TEST(PlayersNeededTest, WithoutMediaFoundationThatSlotHasNoEngineOfItsOwn) {
+  EXPECT_EQ(needed(embedded, control, false), "media real");
+  EXPECT_EQ(needed(automatic, automatic, false), "media ");
+  EXPECT_EQ(needed(embedded, embedded, false), "media ");
+  EXPECT_EQ(needed(control, automatic, false), "media ");
+}
+
+TEST(PlayersNeededTest, MediaFoundationIsNotLookedForWithoutNeed) {
+  bool asked = false;
+  playersNeeded({control, automatic}, [&] { return asked = true; });
+  EXPECT_FALSE(asked);
 }
 
 }  // namespace

@@ -6,12 +6,15 @@ namespace tessivo {
 namespace {
 
 TEST(StartWish, TheOptionAloneAsksForAConversion) {
-  EXPECT_TRUE(startWish("--convert").convert);
-  EXPECT_EQ(startWish("--convert").commandLine, "");
+  for (const std::string text : {"--convert", "  --convert ", "--Convert", "--CONVERT"}) {
+    EXPECT_TRUE(startWish(text).convert) << text;
+    EXPECT_EQ(startWish(text).commandLine, "") << text;
+  }
 }
 
 TEST(StartWish, EverythingElseIsACommandLine) {
-  for (const std::string text : {"", "D:\\--convert", "--convert D:\\a.avi", "DMenuF_1__ x"}) {
+  for (const std::string text :
+       {"", "D:\\--convert", "--converts", " D:\\a.avi ", "--convert D:\\a.avi", "DMenuF_1__ x"}) {
     EXPECT_FALSE(startWish(text).convert) << text;
     EXPECT_EQ(startWish(text).commandLine, text);
   }

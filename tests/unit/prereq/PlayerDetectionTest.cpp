@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "fakes/FakeFileVersions.h"
 #include "fakes/FakeLog.h"
 
@@ -14,6 +16,7 @@ class PlayerDetectionTest : public testing::Test {
     return {versions,
             [this] {
               ++realAsked;
+              if (realThrows) throw std::runtime_error("no memory");
               return realFailure;
             },
             needed, log};
@@ -28,6 +31,7 @@ class PlayerDetectionTest : public testing::Test {
   FakeLog log;
   std::string realFailure;
   int realAsked = 0;
+  bool realThrows = false;
 };
 
 TEST_F(PlayerDetectionTest, MediaPlayerCountsFromVersionNine) {
@@ -80,6 +84,17 @@ TEST_F(PlayerDetectionTest, WhatIsNotNeededIsThereAndNotLookedFor) {
   const PlayersFound realOnly = detection({false, true}).detect();
   EXPECT_TRUE(realOnly.mediaPlayer);
   EXPECT_FALSE(realOnly.realPlayer);
+}
+
+TEST_F(PlayerDetectionTest, AnExceptionMeansThatThePlayerIsNotThere) {
+  realThrows = true;
+  versions.throws = true;
+  const PlayersFound found = detection().detect();
+  EXPECT_FALSE(found.mediaPlayer);
+  EXPECT_FALSE(found.realPlayer);
+  EXPECT_EQ(log.lines, (std::vector<std::string>{
+                           "info Windows Media Player is not installed: cannot be read",
+                           "info RealPlayer is not installed: asking it failed: no memory"}));
 }
 
 TEST_F(PlayerDetectionTest, TheLogHasWhatIsNew) {

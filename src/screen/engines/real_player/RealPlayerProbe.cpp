@@ -36,7 +36,8 @@ std::string whyRealPlayerFails() {
   const HiddenWindow window;
   LastWord log;
   RealPlayerControl control(window.handle(), log);
-  return control.created() && control.takesSource("00000") ? "" : log.last;
+  if (control.created() && control.takesSource("00000")) return "";
+  return log.last.empty() ? "the RealPlayer control does not answer" : log.last;
 }
 
 }  // namespace tessivo

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "base/FilePath.h"
+
+#ifdef _WIN32
+#include <share.h>
+
+#include <cstdio>
+#else
+#include <unistd.h>
+#endif
+
+namespace tessivo {
+
+/// While it lives, nobody can write the file. File modes do not bind the super-user, so on Linux
+/// the test acts as somebody else; on Windows an open file that denies writing binds everybody.
+class WriteProtected {
+ public:
+  explicit WriteProtected(const std::string& path) : file_(toFilePath(path)) {
+    using std::filesystem::perms;
+    std::filesystem::permissions(file_, perms::owner_read | perms::group_read | perms::others_read);
+#ifdef _WIN32
+    guard_ = _wfsopen(file_.c_str(), L"rb", _SH_DENYWR);
+    EXPECT_NE(guard_, nullptr);
+#else
+    const uid_t nobody = 65534;
+    EXPECT_EQ(seteuid(user_ == 0 ? nobody : user_), 0);
+#endif
+  }
+  ~WriteProtected() {
+#ifdef _WIN32
+    std::fclose(guard_);
+#else
+    EXPECT_EQ(seteuid(user_), 0);
+#endif
+    std::filesystem::permissions(file_, std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::add);
+  }
+  WriteProtected(const WriteProtected&) = delete;
+  WriteProtected& operator=(const WriteProtected&) = delete;
+
+ private:
+  std::filesystem::path file_;
+#ifdef _WIN32
+  std::FILE* guard_ = nullptr;
+#else
+  uid_t user_ = geteuid();
+#endif
+};
+
+}  // namespace tessivo
