@@ -42,7 +42,7 @@ player_drive close
 player_start "$folder"
 refusal() { [[ -n $(xdotool search --onlyvisible --name '^泰思维$' 2>/dev/null) ]]; }
 refusal_is_gone() { ! refusal; }
-TESSIVO_TIMEOUT=60 player_wine "$folder/Tessivo.exe" ' --Convert ' &
+TESSIVO_TIMEOUT=60 player_wine "$folder/Tessivo.exe" --Convert &
 second=$!
 check "a conversion beside a running player is refused with a notice" player_wait 20 refusal
 desktop_screenshot "$shots/refused.png"

@@ -197,9 +197,13 @@ without_media_foundation() {
   ends "without Media Foundation, with --convert"
   check "a conversion that was not done is in the log" said 'not converted: a player is missing'
   rm "$folder/wmp.dll"
-  journey_engines embedded auto
-  begin "$(player_windows_path "$clips/film.avi")"
-  check "a file is played all the same, by the other engine" says_within 30 ' playing: '
+  rm -f "$folder"/SysConfig* "$folder"/Tessivo.log
+  player_list "$folder" 1 40 "$clips/film.avi"  # Media Player is preferred
+  player_start "$folder"
+  player_drive play
+  check "a file fails in the slot without an engine" says_within 30 '0x8007007e'
+  check "and is played by the other engine" says_within 30 ' playing: .*film'
+  desktop_screenshot "$shots/without-media-foundation.png"
   player_drive close
   player_end
   export -n WINEDLLOVERRIDES
