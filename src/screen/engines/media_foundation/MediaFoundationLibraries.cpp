@@ -30,6 +30,7 @@ HRESULT call(const wchar_t* library, const char* name, HRESULT(WINAPI* /*own*/)(
 
 }  // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): our names, not the headers'
 HRESULT WINAPI MFStartup(ULONG version, DWORD flags) {
   return call(kPlatform, "MFStartup", &MFStartup, version, flags);
 }
@@ -68,6 +69,7 @@ HRESULT WINAPI MFCreateSampleGrabberSinkActivate(IMFMediaType* type,
 HRESULT WINAPI MFGetService(IUnknown* object, REFGUID service, REFIID interfaceId, LPVOID* result) {
   return call(kSession, "MFGetService", &MFGetService, object, service, interfaceId, result);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace tessivo {
 
