@@ -10,6 +10,8 @@ SetCompressor /SOLID lzma
 ManifestDPIAware true
 ManifestSupportedOS all
 RequestExecutionLevel user
+; Half a program is of no use.
+AllowSkipFiles off
 
 !include "MUI2.nsh"
 !include "FileFunc.nsh"
@@ -30,6 +32,16 @@ RequestExecutionLevel user
 !define LEAVING_STEPS 100  ; of 100 ms
 !define TRIAL "Tessivo-setup-trial"
 !define QUERY_LIMITED_INFORMATION 0x1000
+; The control panel lies over all other windows; what is asked while it is open has to be seen.
+!define IN_FRONT "MB_TOPMOST|MB_SETFOREGROUND"
+!define RUNNING "泰思维正在运行。按“确定”退出泰思维并继续。"
+; Of a question that no window owns: MB_OKCANCEL, MB_ICONINFORMATION, MB_SYSTEMMODAL, MB_SETFOREGROUND.
+!define EARLY 0x11041
+!ifndef IDOK
+  !define IDOK 1
+!endif
+!define HWND_TOPMOST -1
+!define SWP_STAY 0x13  ; no size, no move, no activation
 
 Name "${NAME}"
 OutFile "${OUTPUT}"
@@ -52,16 +64,27 @@ VIAddVersionKey /LANG=2052 "LegalCopyright" "MIT License"
 !define MUI_COMPONENTSPAGE_SMALLDESC
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Tessivo.exe"
 !define MUI_FINISHPAGE_RUN_TEXT "运行泰思维"
+!define MUI_CUSTOMFUNCTION_GUIINIT comeToFront
+!define MUI_CUSTOMFUNCTION_UNGUIINIT un.comeToFront
+; Where the texts that come with NSIS do not fit.
+!define MUI_WELCOMEPAGE_TEXT "此程序将引导您安装泰思维播放器。只为当前用户安装，不需要管理员权限，也不需要重新启动 Windows。$\r$\n$\r$\n如果已经安装了泰思维，它将被更新，播放列表和设置会保留。$\r$\n$\r$\n$_CLICK"
+!define MUI_LICENSEPAGE_TEXT_BOTTOM "如果您接受许可证的条款，请点击 [我接受(I)] 继续安装。"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${GENERATED}/License.txt"
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE leaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
+!define MUI_PAGE_HEADER_SUBTEXT "选择您需要的组件。"
+!define MUI_COMPONENTSPAGE_TEXT_TOP "请勾选您需要的组件，没有勾选的会被去掉。$_CLICK"
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "SimpChinese"
+; That of NSIS has quotation marks.
+LangString ^CreateFolder 2052 "创建文件夹: "
+FileErrorText "" "无法写入文件:$\r$\n$\r$\n$0$\r$\n$\r$\n请检查磁盘空间后点击 [重试]，或者点击 [取消] 停止安装。"
+CompletedText "$ending"
 ; The program's own typeface.
 SetFont /LANG=2052 "Microsoft YaHei UI" 9
 
@@ -69,6 +92,7 @@ Var access
 Var asked
 Var before
 Var blocked
+Var ending
 Var extension
 Var folder
 Var handle
@@ -94,7 +118,15 @@ Var window
   ${EndIf}
 !macroend
 
-!macro leaving un
+!macro windows un
+Function ${un}comeToFront
+  System::Call "user32::SetWindowPos(p $HWNDPARENT, p ${HWND_TOPMOST}, i 0, i 0, i 0, i 0, i ${SWP_STAY})"
+FunctionEnd
+!macroend
+!insertmacro windows ""
+!insertmacro windows "un."
+
+!macro leaving un doing
 Function ${un}findBlocked
   StrCpy $blocked ""
   !insertmacro ForEachProgram tryProgram
@@ -130,7 +162,13 @@ Function ${un}leavePrograms
   Call ${un}findWindow
   ${If} $window <> 0
     ${If} $asked == "no"
-      MessageBox MB_OKCANCEL|MB_ICONINFORMATION "泰思维正在运行。按“确定”退出泰思维并继续。" /SD IDOK IDOK agreed
+      ${If} $HWNDPARENT <> 0
+      ${OrIf} ${Silent}
+        MessageBox MB_OKCANCEL|MB_ICONINFORMATION|${IN_FRONT} "${RUNNING}" /SD IDOK IDOK agreed
+      ${Else}
+        System::Call "user32::MessageBoxW(p 0, w '${RUNNING}', w '${NAME} ${doing}', i ${EARLY}) i .r0"
+        IntCmp $0 ${IDOK} agreed
+      ${EndIf}
       SetErrorLevel 1
       Abort
       agreed:
@@ -148,13 +186,26 @@ Function ${un}leavePrograms
       ${EndIf}
     ${Next}
   ${EndIf}
-  MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$blocked 正在运行或无法写入。请退出泰思维，关闭屏保程序和它的设置窗口，并检查您是否有权写入该文件，然后重试。" /SD IDCANCEL IDRETRY retry
+  MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION|${IN_FRONT} "$blocked 正在运行或无法写入。请退出泰思维，关闭屏保程序和它的设置窗口，并检查您是否有权写入该文件，然后重试。" /SD IDCANCEL IDRETRY retry
   SetErrorLevel 2
   Abort
 FunctionEnd
+
+; Before the first page, so that nobody finds out at the last one. What is started later, and what else is
+; in use, is seen when the files' turn comes.
+Function ${un}leaveEarly
+  ${If} ${Silent}
+    Return
+  ${EndIf}
+  StrCpy $folder $INSTDIR
+  Call ${un}findWindow
+  ${If} $window <> 0
+    Call ${un}leavePrograms
+  ${EndIf}
+FunctionEnd
 !macroend
-!insertmacro leaving ""
-!insertmacro leaving "un."
+!insertmacro leaving "" "安装"
+!insertmacro leaving "un." "卸载"
 
 ; Sets $product to what $INSTDIR\Uninstall.exe says of itself.
 Function readProduct
@@ -233,11 +284,11 @@ FunctionEnd
 Function leaveFolderPage
   Call checkFolder
   ${If} $problem != ""
-    MessageBox MB_OK|MB_ICONEXCLAMATION "$problem"
+    MessageBox MB_OK|MB_ICONEXCLAMATION|${IN_FRONT} "$problem"
     Abort
   ${EndIf}
   ${If} $before != ""
-    MessageBox MB_OKCANCEL|MB_ICONINFORMATION "泰思维已经安装在 $before。$\r$\n按“确定”把它搬到 $INSTDIR：播放列表和设置复制过去（那里已有的不动），原来的程序被卸载，原来的播放列表和设置也留在原处。" IDOK agreed
+    MessageBox MB_OKCANCEL|MB_ICONINFORMATION|${IN_FRONT} "泰思维已经安装在 $before。$\r$\n按“确定”把它搬到 $INSTDIR：播放列表和设置复制过去（那里已有的不动），原来的程序被卸载，原来的播放列表和设置也留在原处。" IDOK agreed
     Abort
     agreed:
   ${EndIf}
@@ -253,7 +304,9 @@ FunctionEnd
 
 Section "泰思维播放器（必需）" sectionProgram
   SectionIn RO
+  SetDetailsPrint none
   Call checkFolder
+  SetDetailsPrint both
   ${If} $problem != ""
     DetailPrint "$problem"
     SetErrorLevel 2
@@ -269,7 +322,7 @@ Section "泰思维播放器（必需）" sectionProgram
   ${If} ${FileExists} "$INSTDIR\Uninstall.exe"
     ExecWait '"$INSTDIR\Uninstall.exe" /S /UPGRADE _?=$INSTDIR' $value
     ${If} $value <> 0
-      MessageBox MB_OK|MB_ICONSTOP "无法移除 $INSTDIR 中原来的版本。请退出泰思维和屏保程序，然后重试。" /SD IDOK
+      MessageBox MB_OK|MB_ICONSTOP|${IN_FRONT} "无法移除 $INSTDIR 中原来的版本。请退出泰思维和屏保程序，然后重试。" /SD IDOK
       SetErrorLevel 2
       Abort
     ${EndIf}
@@ -288,7 +341,7 @@ Section "泰思维播放器（必需）" sectionProgram
   SetOverwrite on
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   ${If} ${Errors}
-    MessageBox MB_OK|MB_ICONSTOP "无法写入 $INSTDIR。请换一个文件夹，或检查磁盘空间。" /SD IDOK
+    MessageBox MB_OK|MB_ICONSTOP|${IN_FRONT} "无法写入 $INSTDIR。请换一个文件夹，或检查磁盘空间。" /SD IDOK
     SetErrorLevel 2
     Abort
   ${EndIf}
@@ -402,10 +455,14 @@ SectionEnd
 
 Function .onInit
   ${IfNot} ${AtLeastWin10}
-    MessageBox MB_OK|MB_ICONSTOP "泰思维需要 Windows 10 或更新的 Windows。" /SD IDOK
+    MessageBox MB_OK|MB_ICONSTOP|${IN_FRONT} "泰思维需要 Windows 10 或更新的 Windows。" /SD IDOK
     SetErrorLevel 2
     Abort
   ${EndIf}
+  StrCpy $ending "已完成"
+  ; From the registry it comes with a backslash at its end, which is not seen when it is read here.
+  StrCpy $INSTDIR $INSTDIR
+  Call leaveEarly
   !insertmacro choose ${sectionAutostart} "/AUTOSTART" "${RUN_KEY}" "Tessivo"
   !insertmacro choose ${sectionTypes} "/TYPES" "Software\RegisteredApplications" "Tessivo"
   ClearErrors
@@ -414,6 +471,12 @@ Function .onInit
   ${OrIf} ${FileExists} "$DESKTOP\泰思维播放器.lnk"
     !insertmacro SelectSection ${sectionDesktop}
   ${EndIf}
+FunctionEnd
+
+Function un.onInit
+  StrCpy $ending "已完成"
+  StrCpy $INSTDIR $INSTDIR
+  Call un.leaveEarly
 FunctionEnd
 
 ; /UPGRADE: the setup of another version is about to bring the program again.
@@ -427,6 +490,7 @@ Section "Uninstall"
     Call un.handTypesBack
     Call un.removeTraces
     Call un.removeData
+    Call un.sayWhatStays
   ${EndIf}
 SectionEnd
 
@@ -460,7 +524,7 @@ Function un.handTypesBack
   !insertmacro ForEachType handTypeBack
   !insertmacro typesHaveChanged
   ${If} $left == "yes"
-    MessageBox MB_OK|MB_ICONINFORMATION "一些文件类型仍登记为由泰思维打开，因为只有管理员可以更改它们。在文件上按右键，用“打开方式”选择别的程序即可。" /SD IDOK
+    MessageBox MB_OK|MB_ICONINFORMATION|${IN_FRONT} "一些文件类型仍登记为由泰思维打开，因为只有管理员可以更改它们。在文件上按右键，用“打开方式”选择别的程序即可。" /SD IDOK
   ${EndIf}
 FunctionEnd
 
@@ -507,7 +571,7 @@ Function un.askForData
   ClearErrors
   ${GetOptions} $CMDLINE "/DATA" $value
   ${If} ${Errors}
-    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "是否同时删除播放列表和设置？$\r$\n选择“否”时，它们（SysConfig、Engines.ini 和屏保程序的设置）保留在 $INSTDIR 中，重新安装到该文件夹后可以继续使用。$access" /SD IDNO IDYES agreed
+    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2|${IN_FRONT} "是否同时删除播放列表和设置？$\r$\n选择“否”时，它们（SysConfig、Engines.ini 和屏保程序的设置）保留在 $INSTDIR 中，重新安装到该文件夹后可以继续使用。$access" /SD IDNO IDYES agreed
     StrCpy $keep "yes"
     agreed:
   ${EndIf}
@@ -540,4 +604,15 @@ Function un.removeData
   RMDir "$INSTDIR\SSP"
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
+FunctionEnd
+
+Function un.sayWhatStays
+  ${DirState} "$INSTDIR" $value
+  ${If} $value = 1
+    ${If} $keep == ""
+      StrCpy $ending "$INSTDIR 中还有您自己的文件，所以没有删除这个文件夹。"
+    ${Else}
+      StrCpy $ending "播放列表、设置和您自己的文件保留在 $INSTDIR 中。"
+    ${EndIf}
+  ${EndIf}
 FunctionEnd

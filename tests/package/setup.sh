@@ -6,6 +6,10 @@
 #   uninstall [ARG…]          likewise
 #   uninstall_in_place FOLDER [ARG…]   without a copy of itself: gives its exit code, and leaves itself
 #   next_page WHAT            Enter in its window, which is kept as a picture of that name
+#   window_titled PATTERN     is there
+#   shown                     what its windows and messages say
+#   says TEXT                 one of the lines of it is that
+#   above_the_panel           the uppermost of its windows is
 #   has_value KEY NAME, has_key KEY, value_is KEY NAME TEXT     in the registry; NAME "" is the default
 #   has_default KEY           of a key that exists
 #   is_away PATH, fails COMMAND…, gives_up COMMAND… (exit code 2), count_of FOLDER (files)
@@ -38,11 +42,35 @@ window_titled() {
   [[ -n $found ]]
 }
 titles='^Tessivo 泰思维 安装'
+away_titles='^Tessivo 泰思维 (解除安装|卸载)'
+# tests/programs/window_texts.cpp
+shown() { player_wine "$PLAYER_PROGRAMS/tests/window_texts.exe" 'Tessivo 泰思维 ' | tr -d '\r'; }
+says() {
+  found=$(shown)
+  grep -qxF -- "$1" <<<"$found" && return
+  found=$(head -c 300 <<<"$found" | tr -s '\n' '|')
+  return 1
+}
+above_the_panel() {
+  local window
+  # From the lowest to the uppermost, which decides.
+  found='neither'
+  for window in $(xprop -root _NET_CLIENT_LIST_STACKING | grep -o '0x[0-9a-f]*'); do
+    case $(xdotool getwindowname "$window" 2>/dev/null) in
+      'Tessivo 泰思维') found='the panel' ;;
+      'Tessivo 泰思维 '*) found='the setup program' ;;
+    esac
+  done
+  [[ $found == 'the setup program' ]]
+}
+has_keyboard() { [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) =~ $1 ]]; }
 page=0
 next_page() {
   sleep 1
   desktop_screenshot "$shots/page-$((++page))-$1.png"
   xdotool windowactivate "$(xdotool search --onlyvisible --name "$titles" | head -n 1)"
+  player_wait 3 has_keyboard "$titles" || true
+  sleep 0.5
   key Return
 }
 

@@ -83,7 +83,7 @@ only_what_is_not_ours_stays() {
 }
 the_question_names_it() {
   run_setup /S
-  titles='^Tessivo 泰思维 (解除安装|卸载)'
+  titles=$away_titles
   uninstall &
   check "its windows come up" player_wait 30 window_titled "$titles"
   next_page uninstall

@@ -98,7 +98,7 @@ away() {
 
 # Enter means no when it asks whether the data goes, too.
 by_its_windows_away() {
-  titles='^Tessivo 泰思维 (解除安装|卸载)'
+  titles=$away_titles
   uninstall &
   check "its windows come up" player_wait 30 window_titled "$titles"
   next_page uninstall
