@@ -47,7 +47,7 @@ away_titles='^Tessivo 泰思维 (解除安装|卸载)'
 shown() { player_wine "$PLAYER_PROGRAMS/tests/window_texts.exe" 'Tessivo 泰思维 ' | tr -d '\r'; }
 says() {
   found=$(shown)
-  grep -qxF -- "$1" <<<"$found" && return
+  if grep -aqxF -- "$1" <<<"$found"; then return; fi
   found=$(head -c 300 <<<"$found" | tr -s '\n' '|')
   return 1
 }

@@ -8,7 +8,7 @@ running='泰思维正在运行。按“确定”退出泰思维并继续。'
 panel='^Tessivo 泰思维$'
 
 # Fails when there are such lines.
-none_says() { ! found=$(shown | grep -E -- "$1"); }
+none_says() { ! found=$(shown | grep -aE -- "$1"); }
 
 while_it_runs() {
   run_setup /S
