@@ -27,7 +27,7 @@ MoviePtr Controler::AddAMovieToPL(const std::string& path) {
     return nullptr;
   }
   if (!isAcceptable(plain)) {
-    services_.log.error("not added, no such file: " + plain);
+    services_.log.error("not added, not a file: " + plain);
     return nullptr;
   }
   auto movie = std::make_shared<Movie>(services_.movieKeys);

@@ -47,7 +47,7 @@ player_drive close
 
 player_start "$folder" -SMF
 check "a first start with -SMF takes it for a file's name" \
-  says_within 5 'not added, no such file: -SMF'
+  says_within 5 'not added, not a file: -SMF'
 check "the list is empty" shows rows 0
 player_drive close
 
@@ -79,7 +79,7 @@ check "the panel names it" shows_within 5 file '中文 影片.mp4'
 check "the panel is shown" panel_is visible
 check "one process" one_player
 check "a second start with a file that is not there" calm_second_start 'Z:\no such\file.avi'
-check "the player says so" says_within 5 'not added, no such file: Z:.no such.file.avi'
+check "the player says so" says_within 5 'not added, not a file: Z:.no such.file.avi'
 check "the list stays" shows rows 2
 is_stopped
 
@@ -163,9 +163,9 @@ refused() {
 # taken_as TEXT COMMAND…: the player takes it for exactly this text, which is no file.
 taken_as() {
   local before rows
-  before=$(player_said "$folder" "not added, no such file: $1$")
+  before=$(player_said "$folder" "not added, not a file: $1$")
   rows=$(rows_now)
-  "${@:2}" && says_within 5 "not added, no such file: $1$" $((before + 1)) && shows rows "$rows"
+  "${@:2}" && says_within 5 "not added, not a file: $1$" $((before + 1)) && shows rows "$rows"
 }
 text_of() { printf 'y%.0s' $(seq "$1"); }
 

@@ -163,7 +163,7 @@ check "a fourth field is nothing to the player" \
 : >"$folder/selection.txt"
 check "an empty selection adds nothing" adds 0 pad 100
 check "an unknown verb is a file's name" calm_menu 1 arguments 'DMenuF_3__/?%/@NAME@/?%/@SIZE@'
-check "which is not there" says_within 5 'not added, no such file: DMenuF_3__/?%/TessivoShellMenu'
+check "which is not there" says_within 5 'not added, not a file: DMenuF_3__/?%/TessivoShellMenu'
 printf 'Z:\\no\\such.avi\n' >"$folder/selection.txt"
 check "a file that is gone adds nothing" adds 0
 selection 7 7

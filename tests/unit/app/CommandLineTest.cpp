@@ -129,9 +129,9 @@ TEST_F(CommandLineTest, ThreeHundredFilesComeInTheirOrder) {
 TEST_F(CommandLineTest, TheVerbIsComparedLetterByLetter) {
   memory.put("sel", "C:\\v\\a.avi", 0);
   run("dmenuf_1__/?%/sel/?%/20");
-  EXPECT_EQ(refusal(), "error not added, no such file: dmenuf_1__/?%/sel/?%/20");
+  EXPECT_EQ(refusal(), "error not added, not a file: dmenuf_1__/?%/sel/?%/20");
   run(" DMenuF_1__/?%/sel/?%/20");
-  EXPECT_EQ(refusal(), "error not added, no such file:  DMenuF_1__/?%/sel/?%/20");
+  EXPECT_EQ(refusal(), "error not added, not a file:  DMenuF_1__/?%/sel/?%/20");
 }
 
 class MalformedTest : public CommandLineTest,

@@ -27,7 +27,7 @@ TEST_F(ControlerTest, AFurtherFileLeavesWhatIsLoaded) {
 TEST_F(ControlerTest, AMissingFileIsRejectedAndLogged) {
   EXPECT_FALSE(controler.AddAMovieToPL("C:\\v\\gone.avi"));
   EXPECT_EQ(playList.lngListCount(), 0);
-  EXPECT_EQ(log.lines.back(), "error not added, no such file: C:\\v\\gone.avi");
+  EXPECT_EQ(log.lines.back(), "error not added, not a file: C:\\v\\gone.avi");
 }
 
 TEST_F(ControlerTest, AWebAddressIsAcceptedAsItIsInAnyCase) {

@@ -78,7 +78,7 @@ TEST_F(RequestReceiverTest, TheShowRequestIsNeverDroppedByTheGuard) {
 TEST_F(RequestReceiverTest, TheShowRequestIsComparedLetterByLetter) {
   ask("-smf");
   EXPECT_EQ(trace.take().find("panel front"), std::string::npos);
-  EXPECT_EQ(logged(), "info request: -smf | error not added, no such file: -smf");
+  EXPECT_EQ(logged(), "info request: -smf | error not added, not a file: -smf");
 }
 
 TEST_F(RequestReceiverTest, ACommandLineIsCarriedOut) {

@@ -191,7 +191,7 @@ TEST_F(StartUpTest, WhatCannotBeReadIsLoggedWithItsReason) {
 TEST_F(StartUpTest, TheShowPanelTextIsAFileNameAtStart) {
   start("-SMF");
   EXPECT_EQ(playList.lngListCount(), 0);
-  EXPECT_EQ(log.lines.back(), "error not added, no such file: -SMF");
+  EXPECT_EQ(log.lines.back(), "error not added, not a file: -SMF");
 }
 
 TEST_F(StartUpTest, WithTwoMonitorsTheWindowFillsTheTargetAtOnce) {
