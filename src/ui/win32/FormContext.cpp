@@ -72,6 +72,10 @@ void FormContext::setToolTip(HWND control, const std::string& text) {
   if (!text.empty()) send(TTM_ADDTOOLW);
 }
 
+void FormContext::tellToolTips(MSG message) {
+  if (toolTips_) SendMessageW(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+}
+
 namespace {
 
 /// What the program itself has put behind a control.

@@ -53,6 +53,8 @@ class FormContext {
 
   /// Gives the control's window a tool tip; an empty text takes it away.
   void setToolTip(HWND control, const std::string& text);
+  /// A mouse message that the tool tips have not seen.
+  void tellToolTips(MSG message);
   /// The form's window is going.
   void dropToolTips();
 

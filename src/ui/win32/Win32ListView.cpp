@@ -189,6 +189,9 @@ LRESULT Win32ListView::handle(HWND window, UINT message, WPARAM wParam, LPARAM l
   if (message == WM_NOTIFY && keepsWidth(*reinterpret_cast<const NMHDR*>(lParam))) return TRUE;
   if (message == WM_MOUSEMOVE && model_.firstColumnWithTips() > 0) {
     showCellTip({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+    // The tool tips do not see the move with which they learn of the cell: a pointer that rests
+    // there after one long move would never get its tip.
+    context().tellToolTips({window, message, wParam, lParam, 0, {}});
   }
   if (!isButtonMessage(message)) return ControlWindow::handle(window, message, wParam, lParam);
   const auto alive = input().alive();

@@ -19,6 +19,20 @@ inline LRESULT send(const Control& control, UINT message, WPARAM wParam = 0, LPA
   return SendMessageW(windowOf(control), message, wParam, lParam);
 }
 
+inline BOOL CALLBACK findToolTips(HWND candidate, LPARAM out) {
+  wchar_t name[64] = L"";
+  GetClassNameW(candidate, name, 64);
+  if (std::wstring(name) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(out) = candidate;
+  return TRUE;
+}
+
+/// The window that shows the tool tips; none before there is a tip.
+inline HWND toolTipsOfThisThread() {
+  HWND tips = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), findToolTips, reinterpret_cast<LPARAM>(&tips));
+  return tips;
+}
+
 inline std::string textOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
   text.resize(

@@ -12,13 +12,6 @@
 namespace tessivo::ui {
 namespace {
 
-BOOL CALLBACK findToolTips(HWND candidate, LPARAM out) {
-  wchar_t name[64] = L"";
-  GetClassNameW(candidate, name, 64);
-  if (std::wstring(name) == TOOLTIPS_CLASSW) *reinterpret_cast<HWND*>(out) = candidate;
-  return TRUE;
-}
-
 class Win32FormTest : public OpenForm {
  protected:
   /// A drop as the shell makes it.
@@ -308,8 +301,7 @@ TEST_F(Win32FormTest, MouseMovesOfTheFormCarryTwips) {
 TEST_F(Win32FormTest, ToolTipIsGivenChangedAndTaken) {
   form.cmdOk.setToolTip("正处于顺序播放模式");
   form.cmdOk.setToolTip("放/静音");
-  HWND tips = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), findToolTips, reinterpret_cast<LPARAM>(&tips));
+  const HWND tips = toolTipsOfThisThread();
   ASSERT_TRUE(tips);
   wchar_t text[100] = L"";
   TTTOOLINFOW tool{};

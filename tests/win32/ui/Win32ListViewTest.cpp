@@ -90,6 +90,23 @@ TEST_F(Win32ListViewTest, ClickBesideTheRowsKeepsTheSelection) {
   EXPECT_EQ(SendMessageW(list(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
 }
 
+/// The reason why a file did not play may be longer than its column.
+TEST_F(Win32ListViewTest, APointerThatComesToACellInOneMoveAndRestsGetsItsTip) {
+  TestForm other;
+  other.lvRows.setFirstColumnWithTips(2);
+  toolkit.open(other);
+  other.lvRows.append({"k", "0", {"片", "很长的原因"}});
+  other.show();
+  const HWND otherList = windowOf(other.lvRows);
+  const RECT row = itemRect(otherList, 0, LVIR_BOUNDS);
+  POINT point{300, (row.top + row.bottom) / 2};
+  ClientToScreen(otherList, &point);
+  handleWaiting();
+  SetCursorPos(point.x, point.y);
+  EXPECT_TRUE(eventually([] { return IsWindowVisible(toolTipsOfThisThread()); }));
+  EXPECT_EQ(textOf(toolTipsOfThisThread()), "很长的原因");
+}
+
 TEST_F(Win32ListViewTest, ColumnWithoutAHeaderCannotBeDragged) {
   const HWND header = reinterpret_cast<HWND>(SendMessageW(list(), LVM_GETHEADER, 0, 0));
   NMHEADERW drag{};
