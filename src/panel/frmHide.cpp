@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/Request.h"
+#include "panel/HelpPage.h"
 #include "panel/frmAbout.h"
 #include "prereq/CheckOSVersion.h"
 #include "ui/Icons.h"
@@ -106,7 +107,7 @@ void frmHide::listenToMenu() {
   mnuShowMainFace.onClick.listen([this] { controler_.showMainFace(); });
   mnuConfig.onClick.listen([this] { controler_.showConfigFace(); });
   mnuAbout.onClick.listen([this] { showAbout(); });
-  mnuFAQ.onClick.listen([this] { services_.shell.open(nativeHandle(), services_.helpPage, ""); });
+  mnuFAQ.onClick.listen([this] { openHelp(); });
   mnuExit.onClick.listen([this] { askToExit(); });
 }
 
@@ -131,6 +132,10 @@ void frmHide::openMenu() {
     activate();  // else the menu would stay when the user clicks elsewhere
     popupMenu(mnuTrayMenu);
   });
+}
+
+void frmHide::openHelp() {
+  present([this] { openHelpPage(services_.shell, services_.toolkit, *this, services_.helpPage); });
 }
 
 void frmHide::showAbout() {

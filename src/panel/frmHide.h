@@ -73,6 +73,7 @@ class frmHide : public ui::Form, public TrayFace, private HiddenWinProc::Listene
   void takeNotification(std::int32_t code);
   void handForegroundOn();
   void openMenu();
+  void openHelp();
   void showAbout();
   /// Shows the menu or dialog, unless a dialog of the tray's is up, which then comes to the front.
   void present(const std::function<void()>& menuOrDialog);

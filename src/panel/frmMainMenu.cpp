@@ -1,4 +1,5 @@
 // The control panel's copies of what the tray's menu has.
+#include "panel/HelpPage.h"
 #include "panel/frmAbout.h"
 #include "panel/frmMain.h"
 
@@ -22,7 +23,7 @@ void frmMain::listenToMenu() {
 }
 
 void frmMain::openHelp() {
-  services_.shell.open(nativeHandle(), services_.helpPage, "");
+  openHelpPage(services_.shell, services_.toolkit, *this, services_.helpPage);
 }
 
 void frmMain::showAbout() {

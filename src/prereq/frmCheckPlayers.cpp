@@ -152,7 +152,10 @@ void frmCheckPlayers::checkAgain() {
 }
 
 void frmCheckPlayers::install(const Row& row) {
-  if (!row.hasInstaller) return services_.shell.open(nativeHandle(), row.page, "");
+  if (!row.hasInstaller) {
+    services_.shell.open(nativeHandle(), row.page, "");
+    return;
+  }
   if (!services_.userIsAdministrator()) return services_.warn(*this, kNoRightsTitle, kNoRights);
   // By the shell, which asks the user where installing needs his consent; a path is never split
   // at a blank.

@@ -64,21 +64,25 @@ bool openedAtAnchor(WindowHandle owner, const PageAnchor& place) {
 
 }  // namespace
 
-void Win32Shell::open(WindowHandle owner, const std::string& file, const std::string& parameters) {
+bool Win32Shell::open(WindowHandle owner, const std::string& file, const std::string& parameters) {
+  bool opened = false;
   guarded(log_, [&] {
     const auto place = pageAnchorOf(file);
-    if (place && openedAtAnchor(owner, *place)) return;
+    opened = place && openedAtAnchor(owner, *place);
+    if (opened) return;
     // A page from its beginning is better than none.
     const std::wstring name = toWide(place ? place->page : file);
     const std::wstring text = toWide(parameters);
     auto order = orderFor(owner, name, text);
-    if (ShellExecuteExW(&order)) return;
+    opened = ShellExecuteExW(&order) != 0;
+    if (opened) return;
     const DWORD error = GetLastError();
     // What ShellExecuteW would have answered: 32 or less, as nothing was opened.
     const auto code = reinterpret_cast<std::intptr_t>(order.hInstApp);
     log_.error("cannot open " + file + ", shell code " + std::to_string(code) + ", error " +
                std::to_string(error));
   });
+  return opened;
 }
 
 void Win32Shell::associationsChanged() {

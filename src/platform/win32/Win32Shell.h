@@ -12,7 +12,7 @@ class Win32Shell : public Shell {
  public:
   explicit Win32Shell(Log& log) : log_(log) {}
 
-  void open(WindowHandle owner, const std::string& file, const std::string& parameters) override;
+  bool open(WindowHandle owner, const std::string& file, const std::string& parameters) override;
   void associationsChanged() override;
 
  private:

@@ -350,6 +350,13 @@ TEST_F(PlayListPageTest, F1OpensTheHelpPageFromEverywhere) {
   world->key(main, main.lvPlayList, 112);
   world->key(main, main.sldVolume, 112);
   EXPECT_EQ(ui::joined(shell.opened), "C:\\Help.htm| | C:\\Help.htm|");
+  EXPECT_EQ(notice(), "");
+}
+
+TEST_F(PlayListPageTest, WhereNothingOpensPagesANoticeSaysWhereTheHelpPageLies) {
+  shell.opens = false;
+  world->key(main, main.lvPlayList, 112);
+  EXPECT_EQ(notice(), "提示|无法打开使用说明，请用浏览器打开这个文件：\nC:\\Help.htm|确定|");
 }
 
 TEST_F(PlayListPageTest, AltLettersPressTheButtonsOfThePageThatIsShown) {

@@ -188,6 +188,18 @@ TEST_F(TrayTest, TheHelpEntryOpensTheHelpPage) {
   EXPECT_EQ(shell.opened, std::vector<std::string>{"C:\\p\\Help\\F.htm|"});
 }
 
+TEST_F(TrayTest, WhereNothingOpensPagesANoticeOverTheTrayFormSaysWhereTheHelpPageLies) {
+  shell.opens = false;
+  std::string seen;
+  world->answerDialogs([&](ui::Form& form) {
+    auto& box = dynamic_cast<frmMsgBox&>(form);
+    seen = world->text(box.labNote) + (world->isEnabled(trayForm) ? "" : "|owner off");
+    world->click(box.cmdYes);
+  });
+  trayForm.mnuFAQ.choose();
+  EXPECT_EQ(seen, "无法打开使用说明，请用浏览器打开这个文件：\nC:\\p\\Help\\F.htm|owner off");
+}
+
 TEST_F(TrayTest, TheExitEntryAsksAndOnlyYesLeaves) {
   std::string question;
   world->answerDialogs([&](ui::Form& form) {

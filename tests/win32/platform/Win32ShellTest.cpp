@@ -84,7 +84,7 @@ class Win32ShellTest : public testing::Test {
 
 TEST_F(Win32ShellTest, ProgramGetsItsParametersAsTheyAre) {
   const std::string parameters = '"' + folder.file("note.txt") + R"(" 泰思维  é "a b" c)";
-  shell.open(0, programFolder() + R"(\note_arguments.exe)", parameters);
+  EXPECT_TRUE(shell.open(0, programFolder() + R"(\note_arguments.exe)", parameters));
   EXPECT_TRUE(waitFor([&] { return !noted().empty(); }));
   EXPECT_TRUE(noted().ends_with(parameters)) << noted();
   EXPECT_TRUE(log.lines.empty());
@@ -112,6 +112,7 @@ TEST_F(Win32ShellTest, MissingProgramIsLoggedAndShowsNothing) {
   EXPECT_EQ(boxesOfOpening("no_such_browser"), 0);
   ASSERT_EQ(log.lines.size(), 1U);
   EXPECT_EQ(log.lines[0], "error cannot open no_such_browser, shell code 2, error 2");
+  EXPECT_FALSE(shell.open(0, "no_such_browser", ""));
 }
 
 TEST_F(Win32ShellTest, AddressThatNobodyOpensIsLoggedAndShowsNothing) {
