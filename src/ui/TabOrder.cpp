@@ -1,6 +1,10 @@
 #include "ui/TabOrder.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "ui/Button.h"
 
 namespace tessivo::ui {
 namespace {
@@ -15,11 +19,7 @@ void collect(const Container& container, const Control* current, std::vector<Con
   }
 }
 
-}  // namespace
-
-Control* nextInTabOrder(const Container& form, const Control* current, bool backwards) {
-  std::vector<Control*> order;
-  collect(form, current, order);
+Control* nextAfter(const Control* current, std::vector<Control*> order, bool backwards) {
   if (backwards) std::reverse(order.begin(), order.end());
   const auto at = std::find(order.begin(), order.end(), current);
   if (at != order.end()) {
@@ -27,6 +27,23 @@ Control* nextInTabOrder(const Container& form, const Control* current, bool back
     order.erase(order.begin());
   }
   return order.empty() ? nullptr : order.front();
+}
+
+}  // namespace
+
+Control* nextInTabOrder(const Container& form, const Control* current, bool backwards) {
+  std::vector<Control*> order;
+  collect(form, current, order);
+  return nextAfter(current, std::move(order), backwards);
+}
+
+Control* nextButton(const Control& button, bool backwards) {
+  std::vector<Control*> order;
+  for (Control* child : button.parent()->children()) {
+    const bool usable = child->visible() && child->enabled();
+    if (usable && dynamic_cast<const Button*>(child)) order.push_back(child);
+  }
+  return nextAfter(&button, std::move(order), backwards);
 }
 
 }  // namespace tessivo::ui

@@ -10,4 +10,9 @@ namespace tessivo::ui {
 /// last). Nothing when no control takes the keyboard.
 Control* nextInTabOrder(const Container& form, const Control* current, bool backwards);
 
+/// The button that an arrow key leads to from a button: the next one (backwards: the one before) in
+/// the same container, going round at the ends, left out what is hidden or disabled. Nothing when
+/// there is no other.
+Control* nextButton(const Control& button, bool backwards);
+
 }  // namespace tessivo::ui

@@ -31,6 +31,7 @@ class Win32Form final : public FormPeer {
   /// form has dealt with it. Both may end the life of this object.
   bool pressKey(const Control* focus, KeyCode key, bool repeated);
   bool pressMnemonic(char32_t letter);
+  bool isDialog() const { return form_.owner() != nullptr; }
   HWND window() const { return window_; }
 
   void changed(Aspect aspect) override;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/Controls.h"
+#include "ui/TabOrder.h"
 #include "ui/win32/Win32Button.h"
 #include "ui/win32/Win32CheckBox.h"
 #include "ui/win32/Win32ComboBox.h"
@@ -110,6 +111,16 @@ bool closesDroppedList(const Control* focus, const MSG& message) {
          SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0);
 }
 
+/// In a dialog the arrow keys go from button to button, as in the system's own dialogs.
+bool movesToButton(const Control* focus, WPARAM key) {
+  const bool forwards = key == VK_RIGHT || key == VK_DOWN;
+  if (!forwards && key != VK_LEFT && key != VK_UP) return false;
+  const auto* const button = dynamic_cast<const Button*>(focus);
+  if (!button) return false;
+  if (Control* const next = nextButton(*button, !forwards)) next->setFocus();
+  return true;
+}
+
 }  // namespace
 
 Win32Toolkit::Win32Toolkit(TwipsPerPixel twips, Log& log)
@@ -172,7 +183,7 @@ bool Win32Toolkit::translate(const MSG& message) {
     SendMessageW(message.hwnd, BM_CLICK, 0, 0);
     return true;
   }
-  return false;
+  return form->isDialog() && movesToButton(focus, message.wParam);
 }
 
 }  // namespace tessivo::ui

@@ -52,6 +52,21 @@ TEST_F(TabOrderTest, GoesOnFromAControlThatHasJustBeenDisabled) {
   EXPECT_EQ(after(&inside), "last");
 }
 
+TEST_F(TabOrderTest, ArrowsGoFromButtonToButtonInTheSameContainer) {
+  const Button elsewhere{&page, "elsewhere", ""};
+  Button second{&form, "second", ""};
+  const Button third{&form, "third", ""};
+  EXPECT_EQ(nextButton(first, false), &second);
+  EXPECT_EQ(nextButton(first, true), &third);
+  EXPECT_EQ(nextButton(third, false), &first);
+  EXPECT_EQ(nextButton(elsewhere, false), nullptr);
+  second.setVisible(false);
+  EXPECT_EQ(nextButton(first, false), &third);
+  second.setVisible(true);
+  second.setEnabled(false);
+  EXPECT_EQ(nextButton(third, true), &first);
+}
+
 TEST_F(TabOrderTest, NothingWhenNoOtherControlCanHaveIt) {
   inside.setEnabled(false);
   last.setVisible(false);

@@ -110,6 +110,29 @@ TEST_F(Win32FormTest, EnterPressesTheButtonWithTheKeyboard) {
   EXPECT_EQ(form.trace(), "ok");
 }
 
+TEST_F(Win32FormTest, ArrowsGoFromButtonToButtonInADialog) {
+  TestForm dialog;
+  dialog.setOwner(&form);
+  toolkit.open(dialog);
+  dialog.show();
+  dialog.activate();
+  dialog.cmdNo.setFocus();
+  for (const auto& [key, button] : {std::pair{VK_LEFT, &dialog.cmdOk},
+                                    {VK_RIGHT, &dialog.cmdNo},
+                                    {VK_UP, &dialog.cmdOk},
+                                    {VK_DOWN, &dialog.cmdNo},
+                                    {VK_DOWN, &dialog.cmdOk}}) {
+    EXPECT_TRUE(pressKey(GetFocus(), static_cast<WPARAM>(key)));
+    EXPECT_EQ(GetFocus(), windowOf(*button));
+  }
+  EXPECT_FALSE(pressKey(windowOf(dialog.txtName), VK_LEFT));
+  EXPECT_FALSE(pressKey(windowOf(dialog.sldJinDu), VK_LEFT));
+}
+
+TEST_F(Win32FormTest, ArrowsAreLeftToTheControlsOfAFormThatIsNoDialog) {
+  EXPECT_FALSE(pressKey(windowOf(form.cmdNo), VK_LEFT));
+}
+
 TEST_F(Win32FormTest, EnterAndEscapeCloseADroppedListBeforeTheFormHearsOfThem) {
   int keys = 0;
   form.onKey.listen([&keys](KeyPress&) { ++keys; });
