@@ -78,6 +78,7 @@ OpenFilesRequest addFilesRequest(WindowHandle owner) {
   request.filterIndex = 1;
   request.maxLength = kLongestAnswer;
   request.owner = owner;
+  request.beginsInVideos = true;
   return request;
 }
 

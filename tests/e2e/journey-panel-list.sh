@@ -14,14 +14,14 @@ for number in {1..4}; do cp "$clips/long.mp4" "$media/film-$number.mp4"; done
 for number in {101..340}; do : >"$long/$number-$(printf 'n%.0s' {1..142}).avi"; done
 for number in {101..601}; do : >"$many/$number.avi"; done
 player_list "$folder" 3 40 "$clips/long.mp4"
-# The system's dialog opens where it was last used, else in the folder in which the player was
-# started.
-player_wine reg delete \
-  'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\LastVisitedMRU' /f >/dev/null || true
-folder=$PWD/$folder
-pushd "$media" >/dev/null
+# Until something was chosen the system's dialog opens in the user's videos.
+videos_are() {
+  player_wine reg add \
+    'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' \
+    /v 'My Videos' /t REG_EXPAND_SZ /d "$1" /f >/dev/null
+}
+videos_are "$(player_windows_path "$media")"
 player_start "$folder"
-popd >/dev/null
 
 system_dialog_is_up() {
   local place
@@ -229,3 +229,4 @@ moving
 deleting_all
 player_drive close
 check "it leaves in order" said ' stop$'
+videos_are '%USERPROFILE%\Videos'

@@ -54,6 +54,17 @@ std::wstring chosenText(const std::vector<wchar_t>& buffer) {
           std::search(buffer.begin(), buffer.end(), std::begin(kTwoNuls), std::end(kTwoNuls))};
 }
 
+/// Empty where there is none.
+std::wstring videosFolder() {
+  PWSTR path = nullptr;
+  std::wstring folder;
+  if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_Videos, KF_FLAG_DEFAULT, nullptr, &path))) {
+    folder = path;
+  }
+  CoTaskMemFree(path);
+  return folder;
+}
+
 /// The folder that the dialog begins in, when it is there.
 void beginIn(IFileDialog& dialog, const std::string& folder) {
   ComPtr<IShellItem> item;
@@ -99,9 +110,14 @@ OpenFilesAnswer Win32FileDialogs::ask(const OpenFilesRequest& request) {
   dialog.lpstrFile = buffer.data();
   dialog.nMaxFile = static_cast<DWORD>(length);
   dialog.lpstrTitle = title.c_str();
+  // Windows goes by the last choice of an earlier run, too, as long as it is always the same folder
+  // that is asked for.
+  const std::wstring folder = request.beginsInVideos && !chosen_ ? videosFolder() : L"";
+  dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
   dialog.Flags = request.flags;
   if (GetOpenFileNameW(&dialog)) {
     const std::wstring text = chosenText(buffer);
+    chosen_ = !text.empty();
     if (text.size() >= length) return {FileDialogOutcome::tooMany, {}};
     if (text.empty()) return {FileDialogOutcome::cancelled, {}};  // ended together with the program
     return {FileDialogOutcome::chosen, fromWide(text)};

@@ -19,6 +19,7 @@ class Win32FileDialogs : public FileDialogs {
   std::optional<std::string> askFolder(const ChooseFolderRequest& request);
 
   Log& log_;
+  bool chosen_ = false;  ///< something, since the program began
 };
 
 }  // namespace tessivo

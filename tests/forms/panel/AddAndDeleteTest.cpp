@@ -22,6 +22,7 @@ TEST_F(AddFilesTest, TheDialogIsAskedForAsStated) {
   EXPECT_EQ(fileDialogs.last.flags, 0x80204U);
   EXPECT_EQ(fileDialogs.last.maxLength, 32767);
   EXPECT_EQ(fileDialogs.last.filterIndex, 1);
+  EXPECT_TRUE(fileDialogs.last.beginsInVideos);
   EXPECT_EQ(fileDialogs.last.owner, main.nativeHandle());
 }
 

@@ -5,7 +5,9 @@
 // After windows.h, which it needs:
 #include <commdlg.h>
 #include <dlgs.h>
+#include <shlobj.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -40,6 +42,15 @@ Step typing(const std::string& names) {
     return SendMessageW(nameBox(dialog), WM_SETTEXT, 0,
                         reinterpret_cast<LPARAM>(toWide(names).c_str())) != 0;
   };
+}
+
+/// Where the dialog looks.
+std::wstring folderOf(HWND dialog) {
+  std::wstring folder(MAX_PATH, L'\0');
+  const LRESULT length =
+      SendMessageW(dialog, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(folder.data()));
+  folder.resize(static_cast<std::size_t>(std::max<LRESULT>(length, 1) - 1));
+  return folder;
 }
 
 std::string quoted(const std::vector<std::string>& names) {
@@ -187,6 +198,22 @@ TEST_F(Win32FileDialogsTest, CurrentFolderStaysWhereverTheUserGoes) {
   EXPECT_EQ(choose({make("a.avi")}).text, folder.file("a.avi"));
   EXPECT_EQ(std::filesystem::current_path(), before);
   std::filesystem::current_path(before);  // for the other tests
+}
+
+TEST_F(Win32FileDialogsTest, BeginsInTheVideosUntilSomethingWasChosen) {
+  PWSTR videos = nullptr;
+  ASSERT_EQ(SHGetKnownFolderPath(FOLDERID_Videos, 0, nullptr, &videos), S_OK);
+  request.beginsInVideos = true;
+  std::wstring begins;
+  const auto look = [&](HWND dialog) { begins = folderOf(dialog); };
+  lookAt(look);
+  EXPECT_EQ(begins, videos);
+  lookAt(look);  // cancelled: nothing was chosen
+  EXPECT_EQ(begins, videos);
+  EXPECT_EQ(choose({make("a.avi")}).outcome, FileDialogOutcome::chosen);
+  lookAt(look);
+  EXPECT_EQ(begins, folder.path().wstring());
+  CoTaskMemFree(videos);
 }
 
 TEST_F(Win32FileDialogsTest, DialogIsModalOverItsOwnerWithTheTitleAndNoName) {
