@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 #include "screen/engines/embedded/RunsOnWine.h"
 
@@ -38,16 +37,6 @@ void takeSystemClock(const ComPtr<IGraphBuilder>& graph) {
                                            IID_IReferenceClock, clock.putVoid()))) {
     filter->SetSyncSource(clock.get());
   }
-}
-
-/// Wine's graph, told to run, begins 200 ms later; told to begin now, it does. That is for the
-/// first time only: when it goes on after a pause it would take the moment for its beginning.
-bool runNow(const ComPtr<IGraphBuilder>& graph) {
-  ComPtr<IReferenceClock> clock;
-  REFERENCE_TIME now = 0;
-  const auto filter = graph.as<IMediaFilter>(IID_IMediaFilter);
-  return filter && SUCCEEDED(filter->GetSyncSource(clock.put())) && clock &&
-         SUCCEEDED(clock->GetTime(&now)) && SUCCEEDED(filter->Run(now));
 }
 
 /// Wine's sound device crashes when one graph lets go of it while another takes it: one that nobody
@@ -135,7 +124,6 @@ bool PlaybackGraph::hasFrame() const {
 }
 
 HRESULT PlaybackGraph::run() {
-  if (std::exchange(fresh_, false) && runsOnWine() && runNow(graph_)) return S_OK;
   return control_->Run();
 }
 

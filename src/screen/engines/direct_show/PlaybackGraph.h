@@ -52,7 +52,6 @@ class PlaybackGraph {
   ComPtr<IMediaSeeking> seeking_;
   ComPtr<IBasicAudio> audio_;
   std::unique_ptr<VideoOutput> output_;
-  bool fresh_ = true;  ///< has not run yet
 };
 
 }  // namespace tessivo
