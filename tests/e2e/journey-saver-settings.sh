@@ -112,8 +112,7 @@ windows_named() {
 }
 title_is_a_time() {
   found=$(placeholder_title)
-  [[ $found =~ ^[0-9]{1,5}(\.[0-9]{1,3})?213ScrSavPramSet$ ]] &&
-    ((${found%%[.2]*} <= 86400))
+  [[ $found =~ ^([0-9]{1,5})(\.[0-9]{1,3})?213ScrSavPramSet$ ]] && ((10#${BASH_REMATCH[1]} <= 86400))
 }
 no_size_but_zero() {
   found=$(grep ' placeholder ' "$folder/caller.txt" | grep -v ',0,0$' || true)
