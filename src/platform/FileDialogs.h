@@ -16,8 +16,8 @@ struct OpenFilesRequest {
   std::int32_t filterIndex = 1;  ///< the filter's entry chosen at first, from 1
   std::int32_t maxLength = 0;    ///< of the answer in UTF-16 characters, its last NUL included
   WindowHandle owner = 0;        ///< the dialog is modal over it
-  /// Until something has been chosen, the dialog begins in the user's folder of videos. Afterwards,
-  /// and without this, it begins where the system likes: where something was chosen last.
+  /// The dialog begins in the user's folder of videos, and later where something was chosen last.
+  /// Without this it begins where the system likes.
   bool beginsInVideos = false;
 };
 

@@ -110,14 +110,17 @@ OpenFilesAnswer Win32FileDialogs::ask(const OpenFilesRequest& request) {
   dialog.lpstrFile = buffer.data();
   dialog.nMaxFile = static_cast<DWORD>(length);
   dialog.lpstrTitle = title.c_str();
-  // Windows goes by the last choice of an earlier run, too, as long as it is always the same folder
-  // that is asked for.
-  const std::wstring folder = request.beginsInVideos && !chosen_ ? videosFolder() : L"";
-  dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+  if (request.beginsInVideos) {
+    // Windows puts the last choice of an earlier run in the place of what is asked for first.
+    if (folder_.empty()) folder_ = videosFolder();
+    dialog.lpstrInitialDir = folder_.c_str();
+  }
   dialog.Flags = request.flags;
   if (GetOpenFileNameW(&dialog)) {
     const std::wstring text = chosenText(buffer);
-    chosen_ = !text.empty();
+    if (request.beginsInVideos) {
+      folder_ = text.substr(0, std::min<std::size_t>(text.find(L'\0'), dialog.nFileOffset));
+    }
     if (text.size() >= length) return {FileDialogOutcome::tooMany, {}};
     if (text.empty()) return {FileDialogOutcome::cancelled, {}};  // ended together with the program
     return {FileDialogOutcome::chosen, fromWide(text)};

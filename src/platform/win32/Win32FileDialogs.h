@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/FileDialogs.h"
 #include "platform/Log.h"
 
@@ -19,7 +21,7 @@ class Win32FileDialogs : public FileDialogs {
   std::optional<std::string> askFolder(const ChooseFolderRequest& request);
 
   Log& log_;
-  bool chosen_ = false;  ///< something, since the program began
+  std::wstring folder_;  ///< that a dialog which begins in the videos begins in; "" before the first
 };
 
 }  // namespace tessivo

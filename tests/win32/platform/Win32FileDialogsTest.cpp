@@ -203,6 +203,9 @@ TEST_F(Win32FileDialogsTest, CurrentFolderStaysWhereverTheUserGoes) {
 TEST_F(Win32FileDialogsTest, BeginsInTheVideosUntilSomethingWasChosen) {
   PWSTR videos = nullptr;
   ASSERT_EQ(SHGetKnownFolderPath(FOLDERID_Videos, 0, nullptr, &videos), S_OK);
+  // What the system itself remembers is not needed.
+  RegDeleteTreeW(HKEY_CURRENT_USER,
+                 L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32");
   request.beginsInVideos = true;
   std::wstring begins;
   const auto look = [&](HWND dialog) { begins = folderOf(dialog); };
@@ -211,6 +214,13 @@ TEST_F(Win32FileDialogsTest, BeginsInTheVideosUntilSomethingWasChosen) {
   lookAt(look);  // cancelled: nothing was chosen
   EXPECT_EQ(begins, videos);
   EXPECT_EQ(choose({make("a.avi")}).outcome, FileDialogOutcome::chosen);
+  lookAt(look);
+  EXPECT_EQ(begins, folder.path().wstring());
+  // Several at once, after one elsewhere.
+  const TempFolder other;
+  EXPECT_EQ(chooseIn(other.path(), {"none.avi"}).outcome, FileDialogOutcome::chosen);
+  EXPECT_EQ(chooseIn(folder.path(), {make("b.avi"), make("c.avi")}).outcome,
+            FileDialogOutcome::chosen);
   lookAt(look);
   EXPECT_EQ(begins, folder.path().wstring());
   CoTaskMemFree(videos);
