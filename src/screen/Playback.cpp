@@ -29,6 +29,7 @@ Playback::Playback(TimerService& timers, const Files& files, Log& log)
       timRealErrDelay(timers, "timRealErrDelay", kNextTurnMs),
       timErrDelay(timers, "timErrDelay", kNextTurnMs),
       timRealPopuWinErrCheck(timers, "timRealPopuWinErrCheck", kEarlyStopMs),
+      timNoAnswer(timers, "timNoAnswer", kNoAnswerMs),
       timMediaPlayJinDu(timers, "timMediaPlayJinDu", kProgressMs),
       files_(files),
       log_(log) {
@@ -172,8 +173,7 @@ std::int32_t Playback::lngFileLength() const {
 void Playback::reset() {
   if (!wmpPlayer_) return;
   stopMediaPlayer();
-  stopExpected_ = realPlayer_->canStop();
-  if (stopExpected_) realPlayer_->stop();
+  stopRealPlayer();
   positionCleared.raise();
   cancelHops();
   clearState();
@@ -192,11 +192,17 @@ void Playback::stopMediaPlayer() {
   wmpPlayer_->setCurrentPosition(0);
 }
 
+void Playback::stopRealPlayer() {
+  stopExpected_ = realPlayer_->canStop();
+  if (stopExpected_) realPlayer_->stop();
+}
+
 void Playback::cancelHops() {
   timMediaErrDelay.setEnabled(false);
   timMediaPlayDelay.setEnabled(false);
   timRealErrDelay.setEnabled(false);
   timRealPlayDelay.setEnabled(false);
+  timNoAnswer.setEnabled(false);
 }
 
 void Playback::clearState() {

@@ -47,6 +47,10 @@ class Playback {
   /// first may open it ahead. A stop that the user wants and another rule forget it.
   void prepareNext(const std::string& path);
 
+  /// An engine that has neither played nor failed so long after it was told to play has failed: a
+  /// file on a share that stalls must not hold up the show for ever.
+  static constexpr int kNoAnswerMs = 30000;
+
   /// False: nothing to play (an error event follows 1 ms later), or playing or starting already.
   bool play();
   void pause();
@@ -83,6 +87,7 @@ class Playback {
   ui::Timer timRealErrDelay;         ///< handle a failure of RealPlayer
   ui::Timer timErrDelay;             ///< raise `PlayErr` with the text in its tag
   ui::Timer timRealPopuWinErrCheck;  ///< enabled for 1.5 s after RealPlayer was told to play
+  ui::Timer timNoAnswer;             ///< enabled for kNoAnswerMs after an engine was told to play
   ui::Timer timMediaPlayJinDu;       ///< Windows Media Player's progress, while it plays
 
  private:
@@ -93,11 +98,13 @@ class Playback {
   void reset();
   void lightReset();
   void stopMediaPlayer();
+  void stopRealPlayer();
   void cancelHops();
   void clearState();
   void show(Engine engine);
   void showFirstEngineOfRule();
   bool fileExists(const std::string& path) const;
+  std::string currentName() const { return mediaPlayerIsCurrent() ? "Media Player" : "RealPlayer"; }
   void failLater(const char* message);
   void giveUp(const char* message);
   void notePlaying();
@@ -106,6 +113,8 @@ class Playback {
   void startRealPlayer();
   void handleMediaError();
   void handleRealError();
+  void awaitAnswer();
+  void handleNoAnswer();
   void mediaStateChanged(MediaPlayState state);
   void realStateChanged(RealPlayState before, RealPlayState now);
   bool isOfThisItem(RealPlayState stoppedFrom, bool expected) const;

@@ -14,10 +14,10 @@ std::int32_t percentOf(double position, double length) {
 void Playback::notePlaying() {
   const bool fresh = state_ != playState::kPlaying;
   state_ = playState::kPlaying;
+  timNoAnswer.setEnabled(false);
   playing.raise();
   if (!fresh) return;
-  log_.info("playing: " + strFilePath() + " | " +
-            (mediaPlayerIsCurrent() ? "Media Player" : "RealPlayer") + " | " +
+  log_.info("playing: " + strFilePath() + " | " + currentName() + " | " +
             strGetTimStringBySecValue(lngFileLength()));
 }
 

@@ -40,6 +40,7 @@ void Playback::listenToTimers() {
     PlayErr.raise(reason);
   });
   onShot(timRealPopuWinErrCheck, [] {});  // its enabled state is all that counts
+  onShot(timNoAnswer, [this] { handleNoAnswer(); });
   timMediaPlayJinDu.onTimer.listen([this] { reportMediaProgress(); });
 }
 
@@ -50,6 +51,7 @@ void Playback::startMediaPlayer() {
     // Starting RealPlayer gave it its path anew, which made it forget where to start.
     if (seekOnStart_) wmpPlayer_->setCurrentPosition(position_);
   }
+  awaitAnswer();
   wmpPlayer_->play();
 }
 
@@ -62,6 +64,7 @@ void Playback::startRealPlayer() {
   if (!realPlayer_->canStop()) stopExpected_ = false;
   timRealPopuWinErrCheck.setEnabled(false);  // one left from an earlier start would close too soon
   timRealPopuWinErrCheck.setEnabled(true);
+  awaitAnswer();
   realPlayer_->play();
 }
 
@@ -75,6 +78,20 @@ void Playback::handleRealError() {
   if (rule_ == playRule::kPreferReal) timMediaPlayDelay.setEnabled(true);
   if (rule_ == playRule::kPreferMedia) giveUp(playMessage::kRealFailedLast);
   if (rule_ == playRule::kRealOnly) giveUp(playMessage::kRealOnlyFailed);
+}
+
+void Playback::awaitAnswer() {
+  timNoAnswer.setEnabled(false);
+  timNoAnswer.setEnabled(true);
+}
+
+void Playback::handleNoAnswer() {
+  if (state_ != playState::kStarting) return;
+  log_.error("no answer of " + currentName() + " for " + std::to_string(kNoAnswerMs / 1000) +
+             " s: " + strFilePath());
+  if (mediaPlayerIsCurrent()) return handleMediaError();
+  stopRealPlayer();  // unlike one that failed it may still try
+  handleRealError();
 }
 
 void Playback::giveUp(const char* message) {

@@ -64,7 +64,7 @@ struct PlaybackWindow {
     for (const ui::Timer* timer :
          {&playback.timMediaPlayDelay, &playback.timRealPlayDelay, &playback.timMediaErrDelay,
           &playback.timRealErrDelay, &playback.timErrDelay, &playback.timRealPopuWinErrCheck,
-          &playback.timMediaPlayJinDu, &guards.timRealPlayerNewWinCheck,
+          &playback.timNoAnswer, &playback.timMediaPlayJinDu, &guards.timRealPlayerNewWinCheck,
           &guards.timDelayCloseMediaPlayerPopuWin, &guards.timDisableWMPFullScreen,
           &screen.timDBClickEvent, &screen.timDelayRaiseClickEvent, &screen.timSetTimShowBackZOrder,
           &screen.timFrmPosiReport}) {
