@@ -82,7 +82,7 @@ struct Ground {
 /// The objects of the running player and how they know each other. The database is chosen before
 /// (`Ground::paths`).
 struct Player {
-  Player(Ground& ground, const EngineChoices& choices);
+  Player(Ground& with, const EngineChoices& choices);
 
   /// From the settings to the first play. What the command line asks for is done with it.
   void start(const std::string& commandLine);

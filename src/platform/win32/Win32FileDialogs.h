@@ -21,7 +21,8 @@ class Win32FileDialogs : public FileDialogs {
   std::optional<std::string> askFolder(const ChooseFolderRequest& request);
 
   Log& log_;
-  std::wstring folder_;  ///< that a dialog which begins in the videos begins in; "" before the first
+  std::wstring
+      folder_;  ///< that a dialog which begins in the videos begins in; "" before the first
 };
 
 }  // namespace tessivo
