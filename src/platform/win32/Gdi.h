@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// After windows.h, which it needs:
+#include <commctrl.h>
 
 #include <memory>
 #include <type_traits>
@@ -22,5 +24,11 @@ struct DestroyIconHandle {
   void operator()(HICON icon) const { DestroyIcon(icon); }
 };
 using UniqueIcon = std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconHandle>;
+
+struct DestroyImageList {
+  using pointer = HIMAGELIST;
+  void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
+};
+using UniqueImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, DestroyImageList>;
 
 }  // namespace tessivo

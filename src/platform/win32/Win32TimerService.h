@@ -25,6 +25,8 @@ class Win32TimerService : public TimerService {
 
   Id start(int intervalMs, std::function<void()> onTick) override;
   void stop(Id id) override;
+  /// Started and not stopped.
+  std::size_t running() const { return timers_.size(); }
 
  private:
   static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -7,7 +7,4 @@ namespace tessivo::ui {
 /// An icon of the program's resources in that size (pixels); nothing for number 0 or a missing one.
 UniqueIcon loadIcon(int resource, int side);
 
-/// The same with so many clear pixels to its right: for what is drawn close to a text.
-UniqueIcon loadIconWithSpace(int resource, int side, int space);
-
 }  // namespace tessivo::ui

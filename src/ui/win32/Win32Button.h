@@ -16,10 +16,13 @@ class Win32Button final : public ControlPeer<> {
   void onCommand(WORD code) override;
 
  private:
-  void showPicture();
+  void loadPicture();
+  void placePicture();
+  int pixels(std::int32_t twips) const;
+  int textWidth() const;
 
   Button& model_;
-  UniqueIcon picture_;
+  UniqueImageList picture_;
 };
 
 }  // namespace tessivo::ui

@@ -1,6 +1,7 @@
 // What the control panel does with real windows only: resolution, window states, order on the
 // screen, room for its texts.
 #include "forms/panel/PanelFixture.h"
+#include "win32/ResourceCounts.h"
 #include "win32/ui/RealControls.h"
 
 namespace tessivo {
@@ -27,13 +28,12 @@ class PanelOnWindowsTest : public PanelFixture {
     return font.lfHeight;
   }
   static SIZE pictureOf(const ui::Button& button) {
-    ICONINFO parts{};
-    GetIconInfo(reinterpret_cast<HICON>(send(button, BM_GETIMAGE, IMAGE_ICON)), &parts);
-    BITMAP bitmap{};
-    GetObjectW(parts.hbmColor, sizeof bitmap, &bitmap);
-    DeleteObject(parts.hbmColor);
-    DeleteObject(parts.hbmMask);
-    return {bitmap.bmWidth, bitmap.bmHeight};
+    BUTTON_IMAGELIST shown{};
+    send(button, BCM_GETIMAGELIST, 0, reinterpret_cast<LPARAM>(&shown));
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(shown.himl, &width, &height);
+    return {width, height};
   }
   static bool isTopmost(const ui::Control& form) {
     return (GetWindowLongPtrW(windowOf(form), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
@@ -59,6 +59,14 @@ TEST_F(PanelOnWindowsTest, AnotherResolutionScalesEverything) {
   EXPECT_EQ(world->bounds(main.cmdPlay), button);
   EXPECT_EQ(column(), width);
   EXPECT_EQ(fontHeight(main.cmdPlay), font);
+}
+
+TEST_F(PanelOnWindowsTest, PicturesThatChangeLeaveNothingBehind) {
+  main.setPlayButtonState(1);
+  main.setPlayButtonState(2);
+  const int before = drawingObjects();
+  for (int i = 0; i < 20; ++i) main.setPlayButtonState(1 + i % 2);
+  EXPECT_EQ(drawingObjects(), before);
 }
 
 TEST_F(PanelOnWindowsTest, TheListsStillTakeTheRoomAtAnotherResolution) {

@@ -5,12 +5,9 @@
 #include <iostream>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
-#include "win32/ResourceCounts.h"
-#include "win32/WaitFor.h"
+#include "win32/Settle.h"
 #include "win32/engines/Media.h"
 #include "win32/engines/TestControlStage.h"
 #include "win32/screen/PlaybackWindow.h"
@@ -69,24 +66,8 @@ constexpr int kDrawingSlack = 10;
 constexpr int kFullScreenAt = 6;
 constexpr int kNormalAt = 14;
 
-constexpr DWORD kQuietMs = 2000;
-
-/// Waits until no more thread and no window goes, and counts.
-void settle(ResourceCounts& counts) {
-  int threads = 0;
-  int windows = 0;
-  ULONGLONG since = 0;
-  ASSERT_TRUE(waitFor(
-      [&] {
-        const int threadsNow = processThreads();
-        const int windowsNow = processWindows();
-        if (std::exchange(threads, threadsNow) != threadsNow ||
-            std::exchange(windows, windowsNow) != windowsNow) {
-          since = GetTickCount64();
-        }
-        return GetTickCount64() - since > kQuietMs;
-      },
-      30000));
+void settleAndCount(ResourceCounts& counts) {
+  ASSERT_TRUE(settle());
   counts = ResourceCounts();
   std::cout << counts << std::endl;
 }
@@ -159,33 +140,18 @@ class EmbeddedItemChangesOnDesktop : public testing::Test {
     }
   }
 
-  int pictureWindows() const {
-    int count = 0;
-    EnumChildWindows(
-        window->handle(),
-        [](HWND child, LPARAM counted) {
-          std::array<wchar_t, 64> name{};
-          GetClassNameW(child, name.data(), static_cast<int>(name.size()));
-          *reinterpret_cast<int*>(counted) +=
-              std::wstring_view(name.data()) == L"TessivoPictureWindow";
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
-    return count;
-  }
-
   /// Stops and waits until every attempt has let go.
   void rest() {
     frmScreen& screen = window->screen;
     ASSERT_TRUE(waitFor([&] { return screen.lngState() != playState::kStarting; }));
     screen.stopPlay();
     screen.boolMaxSize(false);
-    ASSERT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
+    ASSERT_TRUE(waitFor([&] { return pictureWindows(window->handle()) == 0; }));
   }
   void changesAndCount(int from, int to, ResourceCounts& counts) {
     ASSERT_NO_FATAL_FAILURE(changes(from, to));
     ASSERT_NO_FATAL_FAILURE(rest());
-    settle(counts);
+    settleAndCount(counts);
   }
   void expectQuietTimers() {
     EXPECT_TRUE(waitFor([&] { return window->runningTimers() == kAlwaysRunning; }))
@@ -229,9 +195,9 @@ TEST_F(EmbeddedItemChangesOnDesktop, FiftyWithoutSoundLeaveNoEventOfOursBehind) 
   ResourceCounts first;
   ResourceCounts all;
   ASSERT_NO_FATAL_FAILURE(play(10));
-  ASSERT_NO_FATAL_FAILURE(settle(first));
+  ASSERT_NO_FATAL_FAILURE(settleAndCount(first));
   ASSERT_NO_FATAL_FAILURE(play(50));
-  ASSERT_NO_FATAL_FAILURE(settle(all));
+  ASSERT_NO_FATAL_FAILURE(settleAndCount(all));
   expectNoMoreThan(first, all);
   EXPECT_LE(all.events, first.events + 25 + kSlack);
 }
@@ -285,7 +251,7 @@ class ControlItemChangesOnDesktop : public TestControlStage {
     frmScreen& screen = window->screen;
     ASSERT_TRUE(waitFor([&] { return screen.lngState() != playState::kStarting; }));
     screen.stopPlay();
-    settle(counts);
+    settleAndCount(counts);
   }
 
   std::unique_ptr<PlaybackWindow> window;

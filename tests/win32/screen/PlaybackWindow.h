@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -18,27 +17,6 @@
 #include "ui/win32/Win32Toolkit.h"
 
 namespace tessivo {
-
-/// Real timers that know how many of them run.
-class CountedTimers : public TimerService {
- public:
-  explicit CountedTimers(Log& log) : service_(log) {}
-
-  Id start(int intervalMs, std::function<void()> onTick) override {
-    const Id id = service_.start(intervalMs, std::move(onTick));
-    intervals_[id] = intervalMs;
-    return id;
-  }
-  void stop(Id id) override {
-    intervals_.erase(id);
-    service_.stop(id);
-  }
-  std::size_t running() const { return intervals_.size(); }
-
- private:
-  Win32TimerService service_;
-  std::map<Id, int> intervals_;
-};
 
 /// The playback window with real windows, timers and engines, as the program composes it.
 struct PlaybackWindow {
@@ -77,7 +55,7 @@ struct PlaybackWindow {
   Win32Displays displays;
   Win32Files files;
   Win32DesktopWindows windows;
-  CountedTimers timers{log};
+  Win32TimerService timers{log};
   ui::Win32Toolkit toolkit{displays.twipsPerPixel(), log};
   Win32WindowProcedures procedures{log};
   CaughtWindows caughtWindows{windows, procedures};
