@@ -1,31 +1,19 @@
 #include "platform/win32/Win32Registry.h"
 
-#include <algorithm>
 #include <vector>
 
+#include "platform/RegistryValue.h"
 #include "platform/win32/RegistryRoots.h"
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo {
 namespace {
 
+static_assert(registryKind::kText == REG_SZ && registryKind::kTextWithVariables == REG_EXPAND_SZ &&
+              registryKind::kNumber == REG_DWORD);
+
 std::uint32_t code(LSTATUS status) {
   return static_cast<std::uint32_t>(status);
-}
-
-/// Up to the first NUL, which need not be there.
-std::string textOf(const std::vector<BYTE>& bytes) {
-  std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
-  std::copy_n(bytes.begin(), text.size() * sizeof(wchar_t), reinterpret_cast<BYTE*>(text.data()));
-  return fromWide(text.substr(0, text.find(L'\0')));
-}
-
-std::string numberOf(const std::vector<BYTE>& bytes) {
-  DWORD number = 0;
-  if (bytes.size() == sizeof number) {
-    std::copy(bytes.begin(), bytes.end(), reinterpret_cast<BYTE*>(&number));
-  }
-  return std::to_string(static_cast<std::int32_t>(number));
 }
 
 }  // namespace
@@ -48,17 +36,10 @@ std::uint32_t Win32Registry::read(RegistryRoot root, const std::string& key,
   } while (status == ERROR_MORE_DATA || (status == ERROR_SUCCESS && size > bytes.size()));
   if (status != ERROR_SUCCESS) return code(status);
   bytes.resize(size);
-  switch (type) {
-    case REG_SZ:
-    case REG_EXPAND_SZ:
-      value = textOf(bytes);
-      return 0;
-    case REG_DWORD:
-      value = numberOf(bytes);
-      return 0;
-    default:
-      return ERROR_INVALID_DATATYPE;
-  }
+  const auto text = registryValueText(type, bytes);
+  if (!text) return ERROR_INVALID_DATATYPE;
+  value = *text;
+  return 0;
 }
 
 std::uint32_t Win32Registry::write(RegistryRoot root, const std::string& key,
