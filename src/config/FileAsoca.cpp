@@ -39,14 +39,15 @@ bool FileAsoca::exists(const std::string& identifier) const {
   return !identifier.empty() && read(identifier, ignored);
 }
 
+/// Not to nobody: the database may lack the identifier.
 bool FileAsoca::giveExtensionTo(const std::string& identifier) {
-  if (!write(strAppAsocaKeyName, identifier)) return false;
+  if (identifier.empty() || !write(strAppAsocaKeyName, identifier)) return false;
   strCurrAppIdKeyName = identifier;
   return true;
 }
 
 bool FileAsoca::isOurs(const std::string& identifier) const {
-  return toUpper(identifier) == toUpper(strAppIdKeyName);
+  return !identifier.empty() && toUpper(identifier) == toUpper(strAppIdKeyName);
 }
 
 std::optional<std::string> FileAsoca::owner() const {
@@ -106,7 +107,7 @@ void FileAsoca::handBack() {
 /// The first usable one it is, also when the registry refuses it.
 FileAsoca::FallBack FileAsoca::restoreFallBack() {
   for (const std::string& identifier : {strDefaultAppIdKeyName1, strDefaultAppIdKeyName2}) {
-    if (!exists(identifier)) continue;
+    if (isOurs(identifier) || !exists(identifier)) continue;
     if (!giveExtensionTo(identifier)) return FallBack::refused;
     strOldAppIdKeyName = identifier;
     return FallBack::given;

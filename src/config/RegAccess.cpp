@@ -43,13 +43,15 @@ std::string withoutBackslashes(std::string_view key) {
 }
 
 /// Nothing when the path does not begin with a root and a '\', or names the root itself as a key,
-/// which nobody is to write or delete.
+/// which nobody is to write or delete. Nor when a name is missing right behind the root, where no
+/// key begins: an identifier of the database may be empty.
 std::optional<Place> placeOf(std::string_view path) {
   const auto rootEnd = path.find('\\');
   if (rootEnd == std::string_view::npos) return std::nullopt;
   const auto root = rootNamed(path.substr(0, rootEnd));
   if (!root) return std::nullopt;
   path.remove_prefix(rootEnd + 1);
+  if (path.starts_with('\\')) return std::nullopt;
   const auto nameBegin = path.rfind('\\');
   if (nameBegin == std::string_view::npos) {
     if (path.empty()) return std::nullopt;

@@ -19,6 +19,11 @@ bool isProgram(std::string_view name) {
   return dot != std::string_view::npos && toUpper(name.substr(dot + 1)) == "EXE";
 }
 
+/// Whether it names a file of the folder itself. The chosen name comes from the database.
+bool isFileName(std::string_view name) {
+  return name.find_first_of("\\/:") == std::string_view::npos;
+}
+
 std::string field(const std::string& text) {
   return "##" + text;
 }
@@ -50,7 +55,7 @@ void ScreenSaverCtrl::apply() {
   switch (lngWorkState_) {
     case saverState::open_saver:
       m_objMKC_.lngWorkState(idleState::kIdle);
-      start(programFile(strScreenSaverProcName_), runArguments(), WindowStyle::normalNoFocus);
+      startNamed(strScreenSaverProcName_, runArguments(), WindowStyle::normalNoFocus);
       break;
     case saverState::unenabled_saver:
       m_objMKC_.lngWorkState(idleState::kStopped);
@@ -93,16 +98,21 @@ std::string ScreenSaverCtrl::runArguments() const {
 }
 
 void ScreenSaverCtrl::previewAScrSavProcByName(const std::string& name) {
-  start(programFile(name), kPreviewArguments, WindowStyle::normalNoFocus);
+  startNamed(name, kPreviewArguments, WindowStyle::normalNoFocus);
 }
 
 std::string ScreenSaverCtrl::showAScrSavPrcPramConfigFace(const std::string& name, std::int32_t x,
                                                           std::int32_t y,
                                                           const std::string& ownerCaption) {
-  std::string program = programFile(name);
-  start(program, "SHOW_CONFIG_FACE" + field(x) + field(y) + field(ownerCaption),
-        WindowStyle::normal);
-  return program;
+  startNamed(name, "SHOW_CONFIG_FACE" + field(x) + field(y) + field(ownerCaption),
+             WindowStyle::normal);
+  return programFile(name);
+}
+
+void ScreenSaverCtrl::startNamed(const std::string& name, const std::string& arguments,
+                                 WindowStyle style) {
+  if (isFileName(name)) return start(programFile(name), arguments, style);
+  services_.log.error("screen saver not started, not in the folder: " + name);
 }
 
 void ScreenSaverCtrl::start(const std::string& program, const std::string& arguments,

@@ -39,7 +39,8 @@ struct SaverServices {
 /// Runs a screen-saver program, an executable of its own in a folder of such, over the picture when
 /// the user has been idle for some minutes; previews one; opens one's own settings. The program
 /// ends itself when the user comes back: nobody here stops it, nor looks whether one runs already.
-/// A program that cannot be started is a line in the log and nothing else.
+/// A program that cannot be started is a line in the log and nothing else; so is a stored name that
+/// leads out of the folder.
 class ScreenSaverCtrl {
  public:
   /// `playWindow` answers at any time.
@@ -86,6 +87,7 @@ class ScreenSaverCtrl {
   void m_objMKC_UserIsActive();
   void m_objMKC_ComputerIsIdle();
   std::string programFile(const std::string& name) const;
+  void startNamed(const std::string& name, const std::string& arguments, WindowStyle style);
   std::string runArguments() const;
   void start(const std::string& program, const std::string& arguments, WindowStyle style);
 

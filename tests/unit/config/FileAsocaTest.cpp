@@ -227,6 +227,35 @@ TEST_F(FileAsocaTest, AFallBackWithoutANameIsNoFallBack) {
   EXPECT_EQ(owner(), "Second");
 }
 
+TEST_F(FileAsocaTest, WeAreNoFallBackOfOurOwn) {
+  extensionOf(kId);
+  thereIs(kId);
+  type.strDefaultAppIdKeyName1 = "TESSIVO.MP3";
+  type.setAssociationState(false);
+  EXPECT_EQ(owner(), kId);
+  EXPECT_TRUE(type.boolAssociate());
+  thereIs("Second");
+  type.setAssociationState(false);
+  EXPECT_EQ(owner(), "Second");
+  EXPECT_FALSE(type.boolAssociate());
+}
+
+TEST_F(FileAsocaTest, WithoutAnIdentifierOfOursNothingIsTaken) {
+  type.strAppIdKeyName = "";
+  extensionOf("");
+  type.checkAssociationState();
+  EXPECT_FALSE(type.boolAssociate());
+  extensionOf("Other");
+  type.setAssociationState(true);
+  EXPECT_EQ(owner(), "Other");
+  EXPECT_FALSE(type.boolAssociate());
+  registry.values.clear();
+  type.InitializeRegistry();
+  EXPECT_EQ(owner(), "-");
+  EXPECT_FALSE(type.boolAssociate());
+  EXPECT_TRUE(registry.values.empty());
+}
+
 TEST_F(FileAsocaTest, WhenTheOneBeforeIsRefusedTheExtensionStaysOurs) {
   extensionOf(kId);
   thereIs("Other");

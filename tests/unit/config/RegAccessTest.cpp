@@ -97,8 +97,8 @@ TEST_F(RegAccessTest, DeletesAValueOrAKeyWithoutKeysBelow) {
 }
 
 TEST_F(RegAccessTest, APathWithoutARootOrAKeyIsRefusedUnasked) {
-  for (const char* const path :
-       {"", "HKCR", "\\", "HKXX\\a\\", "a\\b", "HKCR\\", "HKCR\\\\", "HKCR\\\\\\", "HKCR\\\\v"}) {
+  for (const char* const path : {"", "HKCR", "\\", "HKXX\\a\\", "a\\b", "HKCR\\", "HKCR\\\\",
+                                 "HKCR\\\\\\", "HKCR\\\\v", "HKCR\\\\a\\", "HKCR\\\\a\\v"}) {
     text.clear();
     EXPECT_FALSE(read(path)) << path;
     EXPECT_FALSE(write(path, "x")) << path;

@@ -221,6 +221,20 @@ TEST_F(ScreenSaverCtrlTest, APreviewThatCannotBeStartedIsALineInTheLog) {
                                                 "C:\\p\\SSP\\stars.exe RUN##0##0##0##0##0## "});
 }
 
+TEST_F(ScreenSaverCtrlTest, ANameThatLeadsOutOfTheFolderIsNotStarted) {
+  for (const std::string name : {"..\\cmd", "a\\b", "../x", "C:x"}) {
+    log.lines.clear();
+    saver.previewAScrSavProcByName(name);
+    EXPECT_EQ(log.lines, std::vector<std::string>{
+                             "error screen saver not started, not in the folder: " + name});
+    saver.showAScrSavPrcPramConfigFace(name, 0, 0, "");
+    saver.strScreenSaverProcName(name);
+    saver.lngWorkState(saverState::open_saver);
+    saver.lngWorkState(saverState::unenabled_saver);
+  }
+  EXPECT_TRUE(processes.started.empty());
+}
+
 TEST_F(ScreenSaverCtrlTest, TheSettingsOpenAtThePlaceForTheOwnerAndThePathComesBack) {
   EXPECT_EQ(saver.showAScrSavPrcPramConfigFace("stars", 300, -20, "45296.5213ScrSavPramSet"),
             "C:\\p\\SSP\\stars.exe");
