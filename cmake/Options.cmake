@@ -25,3 +25,11 @@ if(TESSIVO_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+if(TESSIVO_FUZZ)
+  # Coverage for libFuzzer in everything, also in SQLite; the targets alone are linked with it.
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer -O1 -gline-tables-only)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+  add_link_options(-fsanitize=address,undefined)
+endif()

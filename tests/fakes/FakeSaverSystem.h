@@ -78,9 +78,8 @@ struct FakeProcesses : Processes {
     WindowStyle style = WindowStyle::normal;
 
     bool operator==(const Started&) const = default;
-    friend void PrintTo(const Started& started, std::ostream* out) {
-      *out << started.program << ' ' << started.arguments << " style "
-           << static_cast<int>(started.style);
+    friend void PrintTo(const Started& one, std::ostream* out) {
+      *out << one.program << ' ' << one.arguments << " style " << static_cast<int>(one.style);
     }
   };
   std::uint32_t start(const std::string& program, const std::string& arguments,
