@@ -69,10 +69,11 @@ bool hasColumn(const ResultSet& rows, const std::string& name) {
                      [&](const auto& column) { return toUpper(column) == toUpper(name); });
 }
 
-/// The statements that give the database what it lacks of a table.
+/// The statements that give the database what it lacks of a table. A view in its place is damage:
+/// it may never end, and holds nothing that is stored.
 std::vector<std::string> missingParts(Database& database, const Table& table) {
   const auto found = database.query(
-      "select name from sqlite_schema where type in ('table','view')"
+      "select type from sqlite_schema where type in ('table','view')"
       " and upper(name)='" +
       toUpper(table.name) + "'");
   std::vector<std::string> statements;
@@ -83,6 +84,9 @@ std::vector<std::string> missingParts(Database& database, const Table& table) {
     }
     statements.push_back("create table " + table.name + "(" + columns + ")");
     return statements;
+  }
+  if (asText(found.cells.front()) != "table") {
+    throw DataError(DataFault::damaged, table.name + " is no table");
   }
   const auto shape = database.query("select * from " + table.name + " limit 0");
   for (const auto& column : table.columns) {

@@ -220,6 +220,19 @@ TEST_F(PrepareDatabaseTest, ATruncatedDatabaseIsKeptAside) {
   }
 }
 
+TEST_F(PrepareDatabaseTest, ADatabaseWithAViewForATableIsKeptAside) {
+  // Without the limit it would never end.
+  runSql(
+      path,
+      "create view Play_List as with recursive c(n) as (select 1 union all select n+1 from c"
+      " limit 3) select n as item_order, n as flag_for_play_list, n as file_name, n as file_path,"
+      " 0 as is_play_item from c");
+  expectReplaced(contentOf(path));
+  list.strPLDBFilePath(path);
+  EXPECT_TRUE(list.boolGetPlayListFromPLDB());
+  EXPECT_EQ(list.lngListCount(), 0);
+}
+
 TEST_F(PrepareDatabaseTest, DamageInTheMiddleIsFound) {
   auto content = storeAList(500);
   std::fill_n(content.begin() + static_cast<std::ptrdiff_t>(content.size() / 2), 2000, '\xa5');
