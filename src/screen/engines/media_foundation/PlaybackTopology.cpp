@@ -47,8 +47,11 @@ bool addBranch(IMFTopology* topology, IMFMediaSource* source,
          SUCCEEDED(from->SetUnknown(MF_TOPONODE_PRESENTATION_DESCRIPTOR, presentation)) &&
          SUCCEEDED(from->SetUnknown(MF_TOPONODE_STREAM_DESCRIPTOR, stream)) &&
          SUCCEEDED(MFCreateTopologyNode(MF_TOPOLOGY_OUTPUT_NODE, to.put())) &&
-         SUCCEEDED(to->SetObject(renderer)) && SUCCEEDED(topology->AddNode(from.get())) &&
-         SUCCEEDED(topology->AddNode(to.get())) && SUCCEEDED(from->ConnectOutput(0, to.get(), 0));
+         SUCCEEDED(to->SetObject(renderer)) &&
+         // The session takes the renderer down with its topology; nobody else would.
+         SUCCEEDED(to->SetUINT32(MF_TOPONODE_NOSHUTDOWN_ON_REMOVE, FALSE)) &&
+         SUCCEEDED(topology->AddNode(from.get())) && SUCCEEDED(topology->AddNode(to.get())) &&
+         SUCCEEDED(from->ConnectOutput(0, to.get(), 0));
 }
 
 }  // namespace
