@@ -110,6 +110,7 @@ bool Controler::deleteAItemFromPL(const std::string& key, MoviePtr& next) {
   if (next) playList_->setActItemByFlag(next->strKey);
   if (!wasPlayItem) return true;
   if (next) playList_->setPlayItemByFlag(next->strKey);
+  screen_->prepareNext("");  // nothing plays: what comes next is not known to come
   screen_->strFilePath(next ? next->strFilePath : "");
   return true;
 }

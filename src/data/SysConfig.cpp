@@ -41,6 +41,7 @@ Value flag(bool on) {
 
 bool SysConfig::boolGetData() {
   unread_ = true;
+  seen_ = Values{};
   report_.clear();
   try {
     const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, report_);
@@ -60,15 +61,13 @@ bool SysConfig::boolSaveData() {
   try {
     const auto row = DataAccess().objrsGetRecordSet1(kSettings, path_, report_);
     if (!row) return false;
-    if (row->bof() || row->eof()) {
-      row->addNew();
-    } else if (unread_) {
-      takeStoredWhereUnchanged(*row);
-    }
-    write(*row);
+    const bool isFirst = row->bof() || row->eof();
+    if (isFirst) row->addNew();
+    write(*row, unread_ && !isFirst ? storedWhereUnchanged(*row) : values_);
     row->updateBatch();
     row->close();
-    unread_ = false;
+    unread_ = unread_ && !isFirst;
+    seen_ = values_;
     return true;
   } catch (const DataError& error) {
     report_ = error.what();
@@ -76,11 +75,11 @@ bool SysConfig::boolSaveData() {
   }
 }
 
-void SysConfig::takeStoredWhereUnchanged(const Recordset& row) {
-  const Values defaults;
+SysConfig::Values SysConfig::storedWhereUnchanged(const Recordset& row) const {
   const Values stored = read(row);
+  Values merged = values_;
   const auto take = [&](auto property) {
-    if (values_.*property == defaults.*property) values_.*property = stored.*property;
+    if (values_.*property == seen_.*property) merged.*property = stored.*property;
   };
   take(&Values::recyclePlayType);
   take(&Values::volume);
@@ -93,6 +92,7 @@ void SysConfig::takeStoredWhereUnchanged(const Recordset& row) {
   take(&Values::savePlayList);
   take(&Values::position);
   take(&Values::itemLength);
+  return merged;
 }
 
 SysConfig::Values SysConfig::read(const Recordset& row) {
@@ -112,19 +112,19 @@ SysConfig::Values SysConfig::read(const Recordset& row) {
   return values;
 }
 
-void SysConfig::write(Recordset& row) const {
-  const auto type = values_.recyclePlayType;
-  row.setValue("volume_value", number(values_.volume));
-  row.setValue("play_ruler", number(values_.playRuler));
+void SysConfig::write(Recordset& row, const Values& values) {
+  const auto type = values.recyclePlayType;
+  row.setValue("volume_value", number(values.volume));
+  row.setValue("play_ruler", number(values.playRuler));
   row.setValue("recycle_play", number(type == 1 || type == 2 ? type : 3));
-  row.setValue("screen_saver", flag(values_.screenSaver));
-  row.setValue("scr_sav_proc_name", nameOrBlank(values_.screenSaverName));
-  row.setValue("screen_saver_delay_minute", number(values_.delayMinutes));
-  row.setValue("popu_main_face_for_err", flag(values_.panelOnError));
-  row.setValue("play_next_item_on_err", flag(values_.nextOnError));
-  row.setValue("save_play_list", flag(values_.savePlayList));
-  row.setValue("current_play_position", number(values_.position));
-  row.setValue("current_play_item_len", number(values_.itemLength));
+  row.setValue("screen_saver", flag(values.screenSaver));
+  row.setValue("scr_sav_proc_name", nameOrBlank(values.screenSaverName));
+  row.setValue("screen_saver_delay_minute", number(values.delayMinutes));
+  row.setValue("popu_main_face_for_err", flag(values.panelOnError));
+  row.setValue("play_next_item_on_err", flag(values.nextOnError));
+  row.setValue("save_play_list", flag(values.savePlayList));
+  row.setValue("current_play_position", number(values.position));
+  row.setValue("current_play_item_len", number(values.itemLength));
 }
 
 }  // namespace tessivo

@@ -21,7 +21,8 @@ class SysConfig {
   bool boolGetData();
 
   /// Stores the settings, all or nothing. False when that failed. If the last load could not read
-  /// the database, only what has been changed since goes over what is stored.
+  /// the database, only what has been changed since goes over what is stored; the properties stay
+  /// as they are: the program shows them.
   bool boolSaveData();
 
   /// Why the last load or save failed; empty after one that did not.
@@ -78,12 +79,14 @@ class SysConfig {
     std::int32_t itemLength = 100;
   };
   static Values read(const Recordset& row);
-  void write(Recordset& row) const;
-  void takeStoredWhereUnchanged(const Recordset& row);
+  static void write(Recordset& row, const Values& values);
+  Values storedWhereUnchanged(const Recordset& row) const;
 
   std::string path_;
   std::string report_;
   Values values_;
+  Values
+      seen_;  ///< at the load that could not read, then at each save: what is to count as unchanged
   bool unread_ = false;  ///< the last load could not read the database
 };
 

@@ -206,6 +206,7 @@ class frmMain : public ui::Form, public PanelFace {
   void listenToList();
   void listenToMoving();
   void playRow(int row);
+  void markPlayItem();
   void playRowUnderPointer();
   void openEntryMenu(const ui::MouseEvent& event);
   void openEntryMenuByKey();

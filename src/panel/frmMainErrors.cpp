@@ -1,6 +1,7 @@
 // The log of playback errors, and what follows an error.
 #include "panel/frmMain.h"
 #include "platform/DateTimeText.h"
+#include "screen/PlayRule.h"
 
 namespace tessivo {
 
@@ -46,6 +47,8 @@ void frmMain::logError(const std::string& reason, const std::string& path) {
 
 void frmMain::goOnAfterError(bool wasLast) {
   constexpr std::int32_t kListLoop = 2;
+  // An engine that was handed another path let messages through, and something else came to play.
+  if (controler_.lngScreenState() != playState::kStopped) return;
   const SysConfig& config = controler_.config();
   if (wasLast && config.lngRecyclePlayType() != kListLoop) {
     stop();

@@ -2,6 +2,7 @@
 #include "panel/AddFilesDialog.h"
 #include "panel/frmMain.h"
 #include "panel/frmMsgBox.h"
+#include "screen/PlayRule.h"
 
 namespace tessivo {
 namespace {
@@ -87,7 +88,8 @@ void frmMain::deleteEntry(const std::string& key) {
     return;
   }
   // What was playing has been stopped: another item is the current one.
-  if (wasPlayItem) setFaceToAPlayState(panelState::kStopped, false);
+  const bool isStopped = controler_.lngScreenState() == playState::kStopped;
+  if (wasPlayItem && isStopped) setFaceToAPlayState(panelState::kStopped, false);
   lvPlayList.select(lvPlayList.indexOf(next->strKey));
   if (next->boolIsPlayItem) markRow(next->strKey);
 }

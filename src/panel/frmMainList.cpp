@@ -101,7 +101,13 @@ void frmMain::playRow(int row) {
   stop();
   controler_.PlayAMovieByFlag(key);
   setFaceToAPlayState(panelState::kPlaying, false);
-  setPLItemStateByKey(key, 1);
+  markPlayItem();
+}
+
+/// After an item was handed to the engines: one that lets messages through meanwhile may have let
+/// another item come.
+void frmMain::markPlayItem() {
+  if (const auto item = controler_.objGetPlayItem()) setPLItemStateByKey(item->strKey, 1);
 }
 
 void frmMain::playRowUnderPointer() {

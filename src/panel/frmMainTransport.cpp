@@ -244,7 +244,7 @@ bool frmMain::playNext(int direction, bool wrap) {
   MoviePtr now;
   controler_.playNextPreviousPlayItem(direction, wrap, previous, now);
   if (!now) return false;
-  setPLItemStateByKey(now->strKey, 1);
+  markPlayItem();
   controler_.play();
   setFaceToAPlayState(panelState::kPlaying, false);
   return true;

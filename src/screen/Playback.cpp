@@ -90,6 +90,7 @@ void Playback::strFilePath(const std::string& path) {
   lightReset();
   if (realPlayer_->canStop()) stopExpected_ = true;
   const std::string plain(unquoted(path));
+  if (plain.empty()) prepareNext("");
   wmpPlayer_->setUrl(plain);
   realPlayer_->setSource(plain);
 }

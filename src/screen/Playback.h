@@ -44,7 +44,8 @@ class Playback {
   void strFilePath(const std::string& path);
 
   /// What will be played when the present item has ended, or nothing: the engine that will have it
-  /// first may open it ahead. A stop that the user wants and another rule forget it.
+  /// first may open it ahead. A stop that the user wants, another rule, a failure and the empty
+  /// path forget it.
   void prepareNext(const std::string& path);
 
   /// An engine that has neither played nor failed so long after it was told to play has failed: a

@@ -86,7 +86,8 @@ void Playback::awaitAnswer() {
 }
 
 void Playback::handleNoAnswer() {
-  if (state_ != playState::kStarting) return;
+  // It is "playing" still where the first engine did so for a moment.
+  if (state_ != playState::kStarting && state_ != playState::kPlaying) return;
   log_.error("no answer of " + currentName() + " for " + std::to_string(kNoAnswerMs / 1000) +
              " s: " + strFilePath());
   if (mediaPlayerIsCurrent()) return handleMediaError();
@@ -99,7 +100,9 @@ void Playback::giveUp(const char* message) {
   failLater(message);
 }
 
+/// What follows a failure is the owner's decision; perhaps nothing does.
 void Playback::failLater(const char* message) {
+  prepareNext("");
   timErrDelay.setTag(message);
   timErrDelay.setEnabled(true);
 }

@@ -170,6 +170,22 @@ TEST_F(ErrorLogTest, TheFailedItemGoesAlsoWhenTheUserIsAtAnotherRow) {
   EXPECT_EQ(rows(), "b1b! c0 ");
 }
 
+TEST_F(ErrorLogTest, WhatComesWhileTheFailedItemIsTakenAwayPlaysOn) {
+  set(true, false, 2);
+  addThree();
+  controler.PlayAMovieByFlag(key(2));
+  main.setPLItemStateByKey(key(2), 1);
+  main.setFaceToAPlayState(panelState::kPlaying, false);
+  real().whenSourced = [this] {  // handed the next path, it lets a request through
+    real().whenSourced = nullptr;
+    controler.BatchAddMovie({"", "C:\\v\\a.avi"}, true);
+  };
+  fails();
+  EXPECT_EQ(rows(), "a0 c0! a1b ");
+  EXPECT_EQ(screen.lngState(), playState::kStarting);
+  EXPECT_EQ(stateLine(), "正在播放: a.avi 暂停");
+}
+
 TEST_F(ErrorLogTest, AnErrorShowsAHiddenPlaylist) {
   startFirst();
   world->click(main.cmdHideShowPL);

@@ -125,6 +125,24 @@ TEST_F(PlayListPageTest, ADoubleClickPlaysTheRowUnderThePointer) {
   plays("C:\\v\\b.avi");
 }
 
+TEST_F(PlayListPageTest, AnItemThatComesWhileAnotherIsHandedToTheEnginesKeepsTheMark) {
+  const auto fileComes = [this] {
+    real().whenSourced = nullptr;
+    controler.BatchAddMovie({"", "C:\\v\\a.avi"}, true);
+  };
+  addThree();
+  real().whenSourced = fileComes;
+  world->doubleClickRow(main.lvPlayList, 1);
+  EXPECT_EQ(rows(), "a0 b0 c0 a1b! ");
+  EXPECT_EQ(order(), "abca*!");
+
+  // And while the next one is handed over, at the end of an item.
+  controler.config().lngRecyclePlayType(2);
+  real().whenSourced = fileComes;
+  main.playOverEventProcess();
+  EXPECT_EQ(rows(), "a0 b0 c0 a0 a1b! ");
+}
+
 TEST_F(PlayListPageTest, ADoubleClickOnEmptySpaceDoesNothing) {
   startFirst();
   world->doubleClickRow(main.lvPlayList, -1);

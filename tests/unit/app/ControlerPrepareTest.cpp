@@ -36,6 +36,12 @@ TEST_F(ControlerPrepareTest, AStepBackFromTheEndForgetsIt) {
   EXPECT_EQ(wmp().prepared, "");
 }
 
+TEST_F(ControlerPrepareTest, DeletingTheItemThatPlaysForgetsIt) {
+  progress(98, 100);
+  deleteItem(1);
+  EXPECT_EQ(wmp().prepared, "") << "nothing plays, and no file is held open";
+}
+
 TEST_F(ControlerPrepareTest, NothingWhenTheLengthIsNotKnown) {
   progress(5, 0);
   EXPECT_EQ(wmp().prepared, "");

@@ -77,6 +77,25 @@ TEST_F(SysConfigTest, SettingsThatCouldNotBeReadStayExceptWhatWasChangedSince) {
   EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11|99");
 }
 
+TEST_F(SysConfigTest, WhatCouldNotBeReadIsNotTakenOnBySavingWhatWasChanged) {
+  store("volume_value", "77");
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    EXPECT_FALSE(config.boolGetData());
+  }
+  config.boolPlayNextOnErr(true);
+  EXPECT_TRUE(config.boolSaveData());
+  EXPECT_EQ(describe(config), "3 30 2 F [] 5 FTT 0/100");  // as the panel shows it
+
+  config.intVolumeValue(12);
+  EXPECT_TRUE(config.boolSaveData());
+  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11|99");
+  config.intVolumeValue(30);  // back to the default, but changed since the save before
+  EXPECT_TRUE(config.boolSaveData());
+  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|1|11|99");
+}
+
 TEST_F(SysConfigTest, SettingsThatWereReadAreWrittenAsTheyAre) {
   store("volume_value", "77");
   EXPECT_TRUE(config.boolGetData());

@@ -74,6 +74,18 @@ TEST_F(PlaybackNoAnswerTest, WhatRealPlayerSaysOfItsStopIsNoEnd) {
   EXPECT_EQ(screen.lngState(), playState::kPlaying);
 }
 
+TEST_F(PlaybackNoAnswerTest, AlsoOfTheSecondEngineAfterTheFirstHasPlayedForAMoment) {
+  start(playRule::kPreferReal);
+  real().notify(RealPlayState::playing);
+  real().notify(RealPlayState::stopped);  // too early: Media Player is to try
+  time.advance(2);
+  ASSERT_TRUE(screen.playback().mediaPlayerIsCurrent());
+  time.advance(Playback::kNoAnswerMs - 1);
+  ASSERT_EQ(screen.lngState(), playState::kPlaying);
+  time.advance(2);
+  EXPECT_EQ(screen.lngState(), playState::kStopped);
+}
+
 TEST_F(PlaybackNoAnswerTest, ThereIsNoneToWaitForOnceItPlays) {
   start(playRule::kMediaOnly);
   wmp().notify(MediaPlayState::playing);

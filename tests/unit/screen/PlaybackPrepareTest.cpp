@@ -49,5 +49,26 @@ TEST_F(PlaybackPrepareTest, TheUsersStopForgetsItAndTheEndOfTheItemDoesNot) {
   EXPECT_EQ(real().prepared, "");
 }
 
+TEST_F(PlaybackPrepareTest, AFailureForgetsIt) {
+  startPlaying(playRule::kMediaOnly);
+  screen.prepareNext("C:\\b.avi");
+  wmp().mediaError.raise();
+  time.advance(1);
+  EXPECT_EQ(wmp().prepared, "");
+
+  files.existing.erase("C:\\b.avi");
+  screen.strFilePath("C:\\b.avi");
+  screen.prepareNext("C:\\b.avi");
+  EXPECT_FALSE(screen.play());  // it has just gone
+  EXPECT_EQ(wmp().prepared, "");
+}
+
+TEST_F(PlaybackPrepareTest, TheEmptyPathForgetsIt) {
+  startPlaying(playRule::kMediaOnly);
+  screen.prepareNext("C:\\b.avi");
+  screen.strFilePath("");
+  EXPECT_EQ(wmp().prepared, "");
+}
+
 }  // namespace
 }  // namespace tessivo
