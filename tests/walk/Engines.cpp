@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "screen/Playback.h"
+
 namespace tessivo::walk {
 namespace {
 
@@ -21,6 +23,11 @@ Fate drawFate(World& world, const EngineMood& mood) {
   if (drawn < mood.failPercent + mood.silentPercent) return Fate::silent;
   if (drawn < mood.failPercent + mood.silentPercent + mood.earlyEndPercent) return Fate::endsEarly;
   return Fate::plays;
+}
+
+/// After the time for which the program waits for an answer.
+int tooLate(World& world) {
+  return world.dice.between(Playback::kNoAnswerMs + 1000, 2 * Playback::kNoAnswerMs);
 }
 
 void mayThrow(World& world, const EngineMood& mood, const char* member) {
@@ -77,7 +84,8 @@ void WalkMediaPlayer::play() {
   const int delay = world_.dice.percent(50) ? 1 : world_.dice.between(1, 700);
   switch (drawFate(world_, mood_)) {
     case Fate::silent:
-      world_.note("Media Player will never answer");
+      world_.note("Media Player does not answer");
+      if (world_.dice.oneIn(2)) attempt_.after(tooLate(world_), [this] { begin(); });
       ++mood_.failures;  // as which it counts when it has not answered for long enough
       return;
     case Fate::fails:
@@ -173,7 +181,8 @@ void WalkRealPlayer::play() {
   const int delay = world_.dice.percent(50) ? 2 : world_.dice.between(2, 700);
   switch (drawFate(world_, mood_)) {
     case Fate::silent:
-      world_.note("RealPlayer will never answer");
+      world_.note("RealPlayer does not answer");
+      if (world_.dice.oneIn(2)) attempt_.after(tooLate(world_), [this] { begin(); });
       ++mood_.failures;  // as which it counts when it has not answered for long enough
       break;
     case Fate::fails:

@@ -12,7 +12,7 @@ namespace tessivo::walk {
 /// How the engines of one life of the program behave.
 struct EngineMood {
   int failPercent = 10;     ///< of the attempts: an error, at once or later
-  int silentPercent = 2;    ///< neither plays nor fails
+  int silentPercent = 2;    ///< neither plays nor fails, or only when nobody waits any more
   int earlyEndPercent = 3;  ///< RealPlayer alone: stops right after it was told to play
   bool throws = false;      ///< members fail by an exception now and then
   /// RealPlayer lets messages through while it is handed a source or told to play.
