@@ -96,7 +96,8 @@ void WalkMediaPlayer::play() {
 }
 
 void WalkMediaPlayer::begin() {
-  if (!duration_) duration_ = world_.dice.between(1, kLongestSeconds * 2) / 2.0;
+  if (!duration_)
+    duration_ = world_.dice.between(mood_.shortestHalfSeconds, kLongestSeconds * 2) / 2.0;
   trying_ = false;
   state_ = MediaPlayState::playing;
   since_ = world_.time.ticksMs();
@@ -199,7 +200,8 @@ void WalkRealPlayer::play() {
 }
 
 void WalkRealPlayer::begin() {
-  if (lengthMs_ == 0) lengthMs_ = world_.dice.between(1, kLongestSeconds * 2) * kMs / 2;
+  if (lengthMs_ == 0)
+    lengthMs_ = world_.dice.between(mood_.shortestHalfSeconds, kLongestSeconds * 2) * kMs / 2;
   since_ = world_.time.ticksMs();
   end_.forget();
   end_.after(std::max(1, lengthMs_ - position_), [this] { endNow(); });

@@ -14,7 +14,8 @@ struct EngineMood {
   int failPercent = 10;     ///< of the attempts: an error, at once or later
   int silentPercent = 2;    ///< neither plays nor fails, or only when nobody waits any more
   int earlyEndPercent = 3;  ///< RealPlayer alone: stops right after it was told to play
-  bool throws = false;      ///< members fail by an exception now and then
+  int shortestHalfSeconds = 1;
+  bool throws = false;  ///< members fail by an exception now and then
   /// RealPlayer lets messages through while it is handed a source or told to play.
   std::function<void()> letsMessagesThrough;
   std::uint64_t failures = 0;  ///< that an engine has told

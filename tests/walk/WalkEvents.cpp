@@ -547,6 +547,7 @@ void Walk::keepsPlaying() {
   if (!going || type == 3 || p.playList.lngListCount() == 0) return;
   ++counts_.livenessChecks;
   const EngineMood before = mood_;
+  mood_.shortestHalfSeconds = 4;  // one of less than 1.5 s counts as one that stopped too early
   undisturbed_ = true;
   mood_.failPercent = mood_.silentPercent = mood_.earlyEndPercent = 0;
   world_.files.msAnAnswer = 0;
@@ -577,6 +578,7 @@ void Walk::keepsPlaying() {
   expect(!stillGoing || played >= kSeconds / 3,
          "the show came to a standstill: played " + std::to_string(played) + " of 40 seconds");
   undisturbed_ = false;
+  mood_.shortestHalfSeconds = before.shortestHalfSeconds;
   mood_.failPercent = before.failPercent;
   mood_.silentPercent = before.silentPercent;
   mood_.earlyEndPercent = before.earlyEndPercent;
