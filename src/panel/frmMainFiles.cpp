@@ -97,9 +97,11 @@ void frmMain::deleteEntry(const std::string& key) {
 void frmMain::clearPL() {
   keysToDelete_.clear();
   stop();
-  controler_.deleteAllItemFromPL();
+  // Before the engines are handed the empty path: one that lets messages through may let a file
+  // come.
   lvPlayList.clear();
   markedKey_.clear();
+  controler_.deleteAllItemFromPL();
   txtFileName.setCaption(playItemName());
   showFileCount();
   setDeleteAll(false);

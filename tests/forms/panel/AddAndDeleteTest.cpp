@@ -331,5 +331,17 @@ TEST_F(AddFilesTest, WhileADialogIsUpADropIsRefused) {
   EXPECT_EQ(rows(), "");
 }
 
+TEST_F(DeleteTest, AFileThatComesWhileTheListIsClearedHasARow) {
+  addThree();
+  real().whenSourced = [this] {  // handed the empty path, it lets a request through
+    real().whenSourced = nullptr;
+    controler.BatchAddMovie({"", "C:\\v\\a.avi"}, false);
+  };
+  main.mnuClearPL.choose();
+  EXPECT_EQ(order(), "a*!");
+  EXPECT_EQ(rows(), "a1b! ");
+  EXPECT_EQ(world->text(main.labFileCount), "1");
+}
+
 }  // namespace
 }  // namespace tessivo
