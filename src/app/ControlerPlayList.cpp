@@ -159,7 +159,7 @@ void Controler::playNextPreviousPlayItem(int direction, bool recycle, MoviePtr& 
   } else if (direction == stepDirection::kPrevious) {
     now = playList_->objGetPreviousPalyItem(recycle, previous, code);
   }
-  if (!now) return;
+  if (!now) return screen_->prepareNext("");
   playList_->setActItemByFlag(now->strKey);
   screen_->strFilePath(now->strFilePath);
 }

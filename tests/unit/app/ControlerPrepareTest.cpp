@@ -42,6 +42,18 @@ TEST_F(ControlerPrepareTest, DeletingTheItemThatPlaysForgetsIt) {
   EXPECT_EQ(wmp().prepared, "") << "nothing plays, and no file is held open";
 }
 
+TEST_F(ControlerPrepareTest, TheEndOfTheListForgetsIt) {
+  playItem(3);
+  controler.config().lngRecyclePlayType(2);
+  progress(98, 100);
+  ASSERT_EQ(wmp().prepared, "C:\\v\\a.avi");
+  MoviePtr previous;
+  MoviePtr now;
+  // The user has chosen another loop mode since.
+  controler.playNextPreviousPlayItem(stepDirection::kNext, false, previous, now);
+  EXPECT_EQ(wmp().prepared, "");
+}
+
 TEST_F(ControlerPrepareTest, NothingWhenTheLengthIsNotKnown) {
   progress(5, 0);
   EXPECT_EQ(wmp().prepared, "");
