@@ -1,22 +1,10 @@
 #include "Player.h"
 
 #include "app/StartUp.h"
-#include "monitors/cMonitors.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32OsVersion.h"
 
 namespace tessivo {
-namespace {
-
-/// The work area of the primary monitor: the operator's.
-Rect panelArea(const Displays& displays) {
-  const cMonitors monitors(displays);
-  const auto primary = monitors.Monitor(monitors.primaryIndex());
-  if (!primary) return displays.primaryScreen();
-  return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
-}
-
-}  // namespace
 
 std::unique_ptr<FileLog> openLog(const ProgramPaths& paths, const Clock& clock) {
   auto log = std::make_unique<FileLog>(paths.programFolder + "\\Tessivo.log", clock);

@@ -62,6 +62,13 @@ void showPanel(const StartUpParts& parts) {
 
 }  // namespace
 
+Rect panelArea(const Displays& displays) {
+  const cMonitors monitors(displays);
+  const auto primary = monitors.Monitor(monitors.primaryIndex());
+  if (!primary) return displays.primaryScreen();
+  return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
+}
+
 void startUp(const StartUpParts& parts) {
   const SysConfig& config = parts.controler.config();
   parts.playList.strPLDBFilePath(parts.paths.database);

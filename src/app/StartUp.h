@@ -34,4 +34,7 @@ struct StartUpParts {
 /// Afterwards the program lives in the message loop.
 void startUp(const StartUpParts& parts);
 
+/// Where the control panel may be: the work area of the primary monitor, the operator's. Pixels.
+Rect panelArea(const Displays& displays);
+
 }  // namespace tessivo

@@ -11,13 +11,6 @@ ProgramPaths pathsOf(const World& world) {
   return paths;
 }
 
-Rect panelArea(const Displays& displays) {
-  const cMonitors monitors(displays);
-  const auto primary = monitors.Monitor(monitors.primaryIndex());
-  if (!primary) return displays.primaryScreen();
-  return {primary->WorkLeft(), primary->WorkTop(), primary->WorkWidth(), primary->WorkHeight()};
-}
-
 }  // namespace
 
 Program::Program(World& w, ui::Toolkit& toolkit, WalkTimers& timers, EngineMood& mood,
