@@ -1,5 +1,7 @@
 #include "app/MF.h"
 
+#include <gtest/gtest.h>
+
 #include <limits>
 
 #include "fakes/FakeSharedMemory.h"

@@ -1,5 +1,7 @@
 #include "app/PrevInstance.h"
 
+#include <gtest/gtest.h>
+
 #include "app/Request.h"
 #include "fakes/FakeLog.h"
 #include "fakes/Trace.h"

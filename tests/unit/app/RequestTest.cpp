@@ -1,5 +1,7 @@
 #include "app/Request.h"
 
+#include <gtest/gtest.h>
+
 #include "base/Utf16Bytes.h"
 
 namespace tessivo {

@@ -1,5 +1,7 @@
 #include "base/Utf16Bytes.h"
 
+#include <gtest/gtest.h>
+
 namespace tessivo {
 namespace {
 

@@ -1,5 +1,7 @@
 #include "prereq/CheckOSVersion.h"
 
+#include <gtest/gtest.h>
+
 namespace tessivo {
 namespace {
 
