@@ -60,6 +60,8 @@ class MediaPlayerSlot {
 
   Signal<MediaPlayState> playStateChange;
   Signal<> mediaError;
+  /// What `prepare` was handed cannot be opened.
+  Signal<> preparationFailed;
   Signal<MouseButton> click;  ///< pressed and released
   Signal<> doubleClick;
   Signal<MouseButton> mouseDown;

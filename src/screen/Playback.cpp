@@ -16,6 +16,10 @@ bool firstIsMediaPlayer(std::int32_t rule) {
   return rule == playRule::kPreferMedia || rule == playRule::kMediaOnly;
 }
 
+bool usesBoth(std::int32_t rule) {
+  return rule == playRule::kPreferReal || rule == playRule::kPreferMedia;
+}
+
 bool firstIsRealPlayer(std::int32_t rule) {
   return rule == playRule::kPreferReal || rule == playRule::kRealOnly;
 }
@@ -70,6 +74,10 @@ void Playback::listenToEngines() {
   connections_.push_back(
       realPlayer_->errorMessage.connect([this] { timRealErrDelay.setEnabled(true); }));
   connections_.push_back(
+      wmpPlayer_->preparationFailed.connect([this] { prepareOther(Engine::mediaPlayer); }));
+  connections_.push_back(
+      realPlayer_->preparationFailed.connect([this] { prepareOther(Engine::realPlayer); }));
+  connections_.push_back(
       realPlayer_->positionChange.connect([this](std::int32_t position, std::int32_t length) {
         reportRealProgress(position, length);
       }));
@@ -97,9 +105,19 @@ void Playback::strFilePath(const std::string& path) {
 
 void Playback::prepareNext(const std::string& path) {
   if (!wmpPlayer_) return;
-  const std::string plain(unquoted(path));
-  wmpPlayer_->prepare(firstIsMediaPlayer(rule_) ? plain : "");
-  realPlayer_->prepare(firstIsRealPlayer(rule_) ? plain : "");
+  prepared_ = unquoted(path);
+  if (firstCannot_ != prepared_) firstCannot_.clear();
+  const std::string other = usesBoth(rule_) ? firstCannot_ : "";
+  wmpPlayer_->prepare(firstIsMediaPlayer(rule_) ? prepared_ : other);
+  realPlayer_->prepare(firstIsRealPlayer(rule_) ? prepared_ : other);
+}
+
+void Playback::prepareOther(Engine failed) {
+  const bool first =
+      failed == Engine::mediaPlayer ? firstIsMediaPlayer(rule_) : firstIsRealPlayer(rule_);
+  if (!first) return;
+  firstCannot_ = prepared_;
+  prepareNext(prepared_);
 }
 
 bool Playback::play() {

@@ -44,8 +44,8 @@ class Playback {
   void strFilePath(const std::string& path);
 
   /// What will be played when the present item has ended, or nothing: the engine that will have it
-  /// first may open it ahead. A stop that the user wants, another rule, a failure and the empty
-  /// path forget it.
+  /// first may open it ahead, and where that one cannot, the one that will have it then. A stop
+  /// that the user wants, another rule, a failure and the empty path forget it.
   void prepareNext(const std::string& path);
 
   /// An engine that has neither played nor failed so long after it was told to play has failed: a
@@ -114,6 +114,7 @@ class Playback {
   void startRealPlayer();
   void handleMediaError();
   void handleRealError();
+  void prepareOther(Engine failed);
   void awaitAnswer();
   void handleNoAnswer();
   void mediaStateChanged(MediaPlayState state);
@@ -135,7 +136,9 @@ class Playback {
   bool mute_ = false;
   std::int32_t position_ = 0;  ///< last known or requested, seconds
   bool stopExpected_ = false;  ///< the program itself stops RealPlayer
-  bool seekOnStart_ = false;   ///< RealPlayer is sent to `position_` when it reaches playing
+  std::string prepared_;
+  std::string firstCannot_;   ///< the prepared path that the rule's first engine cannot open
+  bool seekOnStart_ = false;  ///< RealPlayer is sent to `position_` when it reaches playing
   std::int32_t lastRealSecond_ = 0;
 };
 

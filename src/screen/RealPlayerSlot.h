@@ -56,6 +56,8 @@ class RealPlayerSlot {
 
   Signal<RealPlayState, RealPlayState> playStateChange;  ///< old state, new state
   Signal<> errorMessage;
+  /// What `prepare` was handed cannot be opened.
+  Signal<> preparationFailed;
   Signal<std::int32_t, std::int32_t> positionChange;  ///< position, length in milliseconds
   /// Only an implementation that sees the mouse itself raises it.
   Signal<PictureMouse> pictureMouse;

@@ -12,7 +12,7 @@ namespace {
 
 template <typename Control, typename Embedded, typename Slot>
 std::unique_ptr<Slot> create(EngineChoice choice, const std::string& slot, WindowHandle parent,
-                             Log& log) {
+                             Log& log, const std::shared_ptr<LastPicture>& last) {
   auto* const window = reinterpret_cast<HWND>(parent);
   if (choice != EngineChoice::embedded) {
     auto control = std::make_unique<Control>(window, log);
@@ -26,19 +26,22 @@ std::unique_ptr<Slot> create(EngineChoice choice, const std::string& slot, Windo
     }
   }
   log.info(slot + " slot: the embedded engine");
-  return std::make_unique<Embedded>(window, log);
+  return std::make_unique<Embedded>(window, log, last);
 }
 
 }  // namespace
 
+ChosenEngineFactory::ChosenEngineFactory(const EngineChoices& choices, Log& log)
+    : choices_(choices), log_(log), last_(std::make_shared<LastPicture>()) {}
+
 std::unique_ptr<MediaPlayerSlot> ChosenEngineFactory::createMediaPlayer(WindowHandle parent) {
   return create<WindowsMediaPlayerControl, EmbeddedMediaPlayer, MediaPlayerSlot>(
-      choices_.mediaPlayer, "Media Player", parent, log_);
+      choices_.mediaPlayer, "Media Player", parent, log_, last_);
 }
 
 std::unique_ptr<RealPlayerSlot> ChosenEngineFactory::createRealPlayer(WindowHandle parent) {
-  return create<RealPlayerControl, EmbeddedRealPlayer, RealPlayerSlot>(choices_.realPlayer,
-                                                                       "RealPlayer", parent, log_);
+  return create<RealPlayerControl, EmbeddedRealPlayer, RealPlayerSlot>(
+      choices_.realPlayer, "RealPlayer", parent, log_, last_);
 }
 
 }  // namespace tessivo

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/Log.h"
 #include "screen/EngineChoice.h"
 #include "screen/EngineFactory.h"
 
 namespace tessivo {
+
+class LastPicture;
 
 /// Fills each slot as chosen: with the installed control or with the engine that Windows brings
 /// along (Media Foundation in the Media Player slot, DirectShow in the RealPlayer slot). The thread
@@ -13,7 +17,7 @@ class ChosenEngineFactory final : public EngineFactory {
  public:
   /// `log` gets a line with what each slot was filled with, and one for each file that an engine
   /// cannot play, with the reason.
-  ChosenEngineFactory(const EngineChoices& choices, Log& log) : choices_(choices), log_(log) {}
+  ChosenEngineFactory(const EngineChoices& choices, Log& log);
 
   std::unique_ptr<MediaPlayerSlot> createMediaPlayer(WindowHandle parent) override;
   std::unique_ptr<RealPlayerSlot> createRealPlayer(WindowHandle parent) override;
@@ -21,6 +25,7 @@ class ChosenEngineFactory final : public EngineFactory {
  private:
   EngineChoices choices_;
   Log& log_;
+  std::shared_ptr<LastPicture> last_;  ///< of both embedded engines
 };
 
 }  // namespace tessivo

@@ -22,6 +22,51 @@ TEST_F(PlaybackPrepareTest, TheRulesFirstEngineGetsThePathWithoutQuotes) {
   EXPECT_EQ(prepared(), "wmp C:\\b.avi | real ");
 }
 
+TEST_F(PlaybackPrepareTest, WhatTheFirstEngineCannotOpenTheSecondDoes) {
+  screen.lngPlayRuler(playRule::kPreferReal);
+  screen.prepareNext("C:\\b.avi");
+  wmp().preparationFailed.raise();  // of an earlier rule
+  EXPECT_EQ(prepared(), "wmp  | real C:\\b.avi");
+  real().preparationFailed.raise();
+  EXPECT_EQ(prepared(), "wmp C:\\b.avi | real C:\\b.avi");
+  screen.prepareNext("C:\\b.avi");  // said again every second
+  EXPECT_EQ(prepared(), "wmp C:\\b.avi | real C:\\b.avi");
+  screen.prepareNext("C:\\c.avi");
+  EXPECT_EQ(prepared(), "wmp  | real C:\\c.avi");
+
+  screen.lngPlayRuler(playRule::kPreferMedia);
+  screen.prepareNext("C:\\b.avi");
+  wmp().preparationFailed.raise();
+  EXPECT_EQ(prepared(), "wmp C:\\b.avi | real C:\\b.avi");
+  screen.prepareNext("");
+  EXPECT_EQ(prepared(), "wmp  | real ");
+}
+
+TEST_F(PlaybackPrepareTest, NoOtherEngineOpensItByARuleOfOne) {
+  for (const std::int32_t rule : {playRule::kRealOnly, playRule::kMediaOnly}) {
+    screen.lngPlayRuler(rule);
+    screen.prepareNext("C:\\b.avi");
+    const std::string before = prepared();
+    real().preparationFailed.raise();
+    wmp().preparationFailed.raise();
+    EXPECT_EQ(prepared(), before) << rule;
+  }
+}
+
+TEST_F(PlaybackPrepareTest, AHopToTheSecondEngineKeepsWhatThatHasOpened) {
+  files.existing = {"C:\\b.avi"};
+  screen.lngPlayRuler(playRule::kPreferReal);
+  screen.prepareNext("C:\\b.avi");
+  real().preparationFailed.raise();
+  screen.strFilePath("C:\\b.avi");
+  screen.play();
+  time.advance(1);
+  real().errorMessage.raise();
+  time.advance(2);
+  EXPECT_TRUE(wmp().visible());
+  EXPECT_EQ(wmp().prepared, "C:\\b.avi");
+}
+
 TEST_F(PlaybackPrepareTest, AnotherRuleForgetsIt) {
   screen.prepareNext("C:\\b.avi");
   screen.lngPlayRuler(playRule::kPreferReal);

@@ -14,13 +14,14 @@ constexpr DWORD kLongestGoodbyeMs = 1000;
 
 }  // namespace
 
-EmbeddedRealPlayer::EmbeddedRealPlayer(HWND parent, Log& log) : log_(log), window_(*this) {
+EmbeddedRealPlayer::EmbeddedRealPlayer(HWND parent, Log& log, std::shared_ptr<LastPicture> last)
+    : log_(log), window_(*this), last_(std::move(last)) {
   window_.open(parent);
 }
 
 EmbeddedRealPlayer::~EmbeddedRealPlayer() {
   giveUpNext();
-  last_.letGo();
+  last_->leave(window_);
   abandon();
   closing_.wait(kLongestGoodbyeMs);
 }
@@ -95,7 +96,11 @@ void EmbeddedRealPlayer::applyVolume() {
 void EmbeddedRealPlayer::open() {
   hasEnded_ = false;
   announce(RealPlayState::contacting);
-  last_.nextIsComing();
+  if (const auto failure = takeFailure()) {
+    serial_ = ++lastSerial_;
+    return postEngineEvent(window_.handle(), EngineEvent::failed, serial_, *failure);
+  }
+  last_->nextIsComing();
   if (next_.graph && next_.source == source_ && startMs_ == 0) {
     attempt_ = std::exchange(next_, {});
     lengthMs_ = attempt_.lengthMs;
@@ -106,6 +111,12 @@ void EmbeddedRealPlayer::open() {
     attempt_ = begin(source_, startMs_, false);
   }
   serial_ = attempt_.graph->serial();
+}
+
+/// What is known of the source before it is tried. What failed ahead failed a moment ago.
+std::optional<std::int32_t> EmbeddedRealPlayer::takeFailure() {
+  if (next_.source != source_ || !next_.failure) return std::nullopt;
+  return std::exchange(next_, {}).failure;
 }
 
 EmbeddedRealPlayer::Attempt EmbeddedRealPlayer::begin(const std::string& source,
@@ -122,13 +133,13 @@ EmbeddedRealPlayer::Attempt EmbeddedRealPlayer::begin(const std::string& source,
   });
   picture->onFrame([this, serial] { pictureArrived(serial); });
   AttemptThread::start(graph);
-  return {source, std::move(graph), std::move(picture), 0};
+  return {.source = source, .graph = std::move(graph), .picture = std::move(picture)};
 }
 
 void EmbeddedRealPlayer::pictureArrived(WPARAM serial) {
   if (serial != serial_ || !attempt_.graph) return;
   attempt_.picture->raise();
-  last_.letGo();
+  last_->letGo();
 }
 
 void EmbeddedRealPlayer::forgetOrders() {
@@ -147,13 +158,14 @@ void EmbeddedRealPlayer::abandon() {
 
 void EmbeddedRealPlayer::eventOfNext(EngineEvent event, std::int32_t value) {
   if (event == EngineEvent::opened) next_.lengthMs = value;
-  if (event == EngineEvent::failed) {
-    closing_.add(std::move(next_.graph), std::move(next_.picture));
-  }
+  if (event != EngineEvent::failed) return;
+  closing_.add(std::move(next_.graph), std::move(next_.picture));
+  next_.failure = value;
+  preparationFailed.raise();
 }
 
 void EmbeddedRealPlayer::onTimer(EngineWindow::Timer timer) {
-  timer == EngineWindow::Timer::heldStop ? finish() : last_.letGo();
+  timer == EngineWindow::Timer::heldStop ? finish() : last_->letGo();
 }
 
 /// Changes the state at once and raises its notification from the message loop.
@@ -192,7 +204,7 @@ void EmbeddedRealPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::in
 }
 
 void EmbeddedRealPlayer::started() {
-  last_.nextPlays();
+  last_->nextPlays();
   if (!std::exchange(resumeOrdered_, false)) return changeState(RealPlayState::playing);
   const auto oldState = std::exchange(state_, RealPlayState::playing);
   playStateChange.raise(oldState, state_);
@@ -207,14 +219,14 @@ void EmbeddedRealPlayer::ended() {
 
 void EmbeddedRealPlayer::finish() {
   forgetOrders();
-  last_.keep(std::move(attempt_.graph), std::move(attempt_.picture));
+  last_->keep(window_, closing_, std::move(attempt_.graph), std::move(attempt_.picture));
   changeState(RealPlayState::stopped);
 }
 
 void EmbeddedRealPlayer::failed(std::int32_t reason) {
   log_.error("DirectShow cannot play " + source_ + ": " + hexOf(reason));
   abandon();
-  last_.nextFailed();
+  last_->nextFailed();
   state_ = RealPlayState::stopped;
   errorMessage.raise();
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/Log.h"
@@ -26,11 +27,15 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
  public:
   static constexpr ULONGLONG kEarlyStopMs = 1600;
 
-  EmbeddedRealPlayer(HWND parent, Log& log);
+  /// `last`: shared with the other engine in that parent.
+  EmbeddedRealPlayer(HWND parent, Log& log,
+                     std::shared_ptr<LastPicture> last = std::make_shared<LastPicture>());
   ~EmbeddedRealPlayer() override;
 
   bool visible() const override { return window_.visible(); }
-  void setVisible(bool visible) override { window_.setVisible(visible); }
+  void setVisible(bool visible) override {
+    visible ? window_.setVisible(true) : last_->hide(window_);
+  }
   void move(const Rect& pixels) override { window_.move(pixels); }
 
   void setSource(const std::string& source) override;
@@ -50,6 +55,7 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
     std::string source;
     std::shared_ptr<GraphThread> graph;
     std::unique_ptr<PictureWindow> picture;
+    std::optional<std::int32_t> failure = {};  ///< the reason, when it failed ahead
     std::int32_t lengthMs = 0;
   };
 
@@ -59,6 +65,7 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   void onTimer(EngineWindow::Timer timer) override;
 
   void open();
+  std::optional<std::int32_t> takeFailure();
   Attempt begin(const std::string& source, std::int32_t startMs, bool waits);
   void giveUpNext();
   void eventOfNext(EngineEvent event, std::int32_t value);
@@ -88,9 +95,9 @@ class EmbeddedRealPlayer final : public RealPlayerSlot, private EngineWindow::Ow
   WPARAM lastSerial_ = 0;
   WPARAM serial_ = 0;  ///< of the present attempt, or of none
   Attempt attempt_;
-  Attempt next_;  ///< opened ahead; keeps its source when that failed
+  Attempt next_;  ///< opened ahead
   ClosingAttempts closing_;
-  LastPicture last_{window_, closing_};
+  std::shared_ptr<LastPicture> last_;
 };
 
 }  // namespace tessivo

@@ -32,11 +32,19 @@ void EngineWindow::open(HWND parent) {
 }
 
 bool EngineWindow::visible() const {
-  return window_ && (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
+  return window_ && !hidesLater_ && (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
 void EngineWindow::setVisible(bool visible) {
-  if (window_) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  hidesLater_ = false;
+  if (!window_) return;
+  SetWindowPos(
+      window_, HWND_BOTTOM, 0, 0, 0, 0,
+      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+}
+
+void EngineWindow::hideNow() {
+  if (hidesLater_) setVisible(false);
 }
 
 void EngineWindow::move(const Rect& pixels) {

@@ -37,7 +37,11 @@ class EngineWindow {
 
   HWND handle() const { return window_; }
   bool visible() const;
+  /// Shown it is below the other windows in its parent, so that what those still show stays.
   void setVisible(bool visible);
+  /// Counts as hidden from now on, and is to be seen until hideNow.
+  void hideLater() { hidesLater_ = true; }
+  void hideNow();
   void move(const Rect& pixels);
 
   /// Calls Owner::onTimer once, after so many milliseconds.
@@ -53,6 +57,7 @@ class EngineWindow {
 
   Owner& owner_;
   HWND window_ = nullptr;
+  bool hidesLater_ = false;
 };
 
 }  // namespace tessivo

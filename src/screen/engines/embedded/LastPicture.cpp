@@ -12,16 +12,24 @@ constexpr UINT kFirstFrameMs = 250;
 
 }  // namespace
 
-void LastPicture::keep(std::shared_ptr<AttemptThread> attempt,
+void LastPicture::keep(EngineWindow& window, ClosingAttempts& closing,
+                       std::shared_ptr<AttemptThread> attempt,
                        std::unique_ptr<PictureWindow> picture) {
   letGo();
+  if (!attempt) return;
+  window_ = &window;
+  closing_ = &closing;
   attempt_ = std::move(attempt);
   picture_ = std::move(picture);
   stay(kNextIsOrderedMs);
 }
 
+void LastPicture::hide(EngineWindow& window) {
+  window_ == &window ? window.hideLater() : window.setVisible(false);
+}
+
 void LastPicture::nextIsComing() {
-  window_.stopTimer(EngineWindow::Timer::lastPicture);
+  if (window_) window_->stopTimer(EngineWindow::Timer::lastPicture);
 }
 
 void LastPicture::nextPlays() {
@@ -33,14 +41,20 @@ void LastPicture::nextFailed() {
 }
 
 void LastPicture::stay(UINT ms) {
-  if (attempt_) window_.startTimer(EngineWindow::Timer::lastPicture, ms);
+  if (window_) window_->startTimer(EngineWindow::Timer::lastPicture, ms);
 }
 
 void LastPicture::letGo() {
-  window_.stopTimer(EngineWindow::Timer::lastPicture);
-  if (!attempt_) return;
+  EngineWindow* const window = std::exchange(window_, nullptr);
+  if (!window) return;
+  window->stopTimer(EngineWindow::Timer::lastPicture);
+  window->hideNow();
   picture_->hide();
-  closing_.add(std::move(attempt_), std::move(picture_));
+  closing_->add(std::move(attempt_), std::move(picture_));
+}
+
+void LastPicture::leave(EngineWindow& window) {
+  if (window_ == &window) letGo();
 }
 
 }  // namespace tessivo

@@ -10,16 +10,16 @@
 namespace tessivo {
 
 /// The picture at which an item has ended: it stays to be seen until the next item has its first,
-/// so that no black comes in between. When nothing follows it goes soon. User-interface thread
-/// only; the engine passes on the timer of that name.
+/// so that no black comes in between, also where the other engine plays the next: both share the
+/// one object. When nothing follows it goes soon. User-interface thread only.
 class LastPicture {
  public:
-  /// Both outlive this.
-  LastPicture(EngineWindow& window, ClosingAttempts& closing)
-      : window_(window), closing_(closing) {}
-
-  /// Of an attempt that has ended.
-  void keep(std::shared_ptr<AttemptThread> attempt, std::unique_ptr<PictureWindow> picture);
+  /// Of an attempt that has ended in that window. The window's owner passes its timer of that name
+  /// on to letGo, and calls leave before the window and `closing` go.
+  void keep(EngineWindow& window, ClosingAttempts& closing, std::shared_ptr<AttemptThread> attempt,
+            std::unique_ptr<PictureWindow> picture);
+  /// The window is to be hidden: at once, or when the picture in it has gone.
+  void hide(EngineWindow& window);
   /// The next item is being opened, however long that takes.
   void nextIsComing();
   /// The next item plays: one without a picture never has a first frame.
@@ -27,12 +27,14 @@ class LastPicture {
   /// The next item could not be played; another may follow.
   void nextFailed();
   void letGo();
+  /// That window goes, and the picture if it is in it.
+  void leave(EngineWindow& window);
 
  private:
   void stay(UINT ms);
 
-  EngineWindow& window_;
-  ClosingAttempts& closing_;
+  EngineWindow* window_ = nullptr;  ///< with the picture, or none
+  ClosingAttempts* closing_ = nullptr;
   std::shared_ptr<AttemptThread> attempt_;
   std::unique_ptr<PictureWindow> picture_;
 };

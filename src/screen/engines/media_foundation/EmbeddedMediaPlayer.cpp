@@ -16,13 +16,14 @@ constexpr DWORD kLongestGoodbyeMs = 1000;
 
 }  // namespace
 
-EmbeddedMediaPlayer::EmbeddedMediaPlayer(HWND parent, Log& log) : log_(log), window_(*this) {
+EmbeddedMediaPlayer::EmbeddedMediaPlayer(HWND parent, Log& log, std::shared_ptr<LastPicture> last)
+    : log_(log), window_(*this), last_(std::move(last)) {
   window_.open(parent);
 }
 
 EmbeddedMediaPlayer::~EmbeddedMediaPlayer() {
   giveUpNext();
-  last_.letGo();
+  last_->leave(window_);
   abandon();
   closing_.wait(kLongestGoodbyeMs);
 }
@@ -119,12 +120,11 @@ void EmbeddedMediaPlayer::open() {
   if (attempt_.presentation) {
     closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
   }
-  if (url_.empty()) {
+  if (const auto failure = takeFailure()) {
     serial_ = ++lastSerial_;
-    postEngineEvent(window_.handle(), EngineEvent::failed, serial_, E_INVALIDARG);
-    return;
+    return postEngineEvent(window_.handle(), EngineEvent::failed, serial_, *failure);
   }
-  last_.nextIsComing();
+  last_->nextIsComing();
   if (next_.presentation && next_.url == url_ && position_ == 0) {
     attempt_ = std::exchange(next_, {});
     duration_ = attempt_.duration;
@@ -135,6 +135,13 @@ void EmbeddedMediaPlayer::open() {
     attempt_ = begin(url_, position_, false);
   }
   serial_ = attempt_.presentation->serial();
+}
+
+/// What is known of the url before it is tried. What failed ahead failed a moment ago.
+std::optional<std::int32_t> EmbeddedMediaPlayer::takeFailure() {
+  if (url_.empty()) return E_INVALIDARG;
+  if (next_.url != url_ || !next_.failure) return std::nullopt;
+  return std::exchange(next_, {}).failure;
 }
 
 EmbeddedMediaPlayer::Attempt EmbeddedMediaPlayer::begin(const std::string& url, double seconds,
@@ -151,13 +158,13 @@ EmbeddedMediaPlayer::Attempt EmbeddedMediaPlayer::begin(const std::string& url, 
   });
   picture->onFrame([this, serial] { pictureArrived(serial); });
   AttemptThread::start(presentation);
-  return {url, std::move(presentation), std::move(picture), std::nullopt};
+  return {.url = url, .presentation = std::move(presentation), .picture = std::move(picture)};
 }
 
 void EmbeddedMediaPlayer::pictureArrived(WPARAM serial) {
   if (serial != serial_ || !attempt_.presentation) return;
   attempt_.picture->raise();
-  last_.letGo();
+  last_->letGo();
 }
 
 void EmbeddedMediaPlayer::forgetOrders() {
@@ -174,9 +181,10 @@ void EmbeddedMediaPlayer::abandon() {
 
 void EmbeddedMediaPlayer::eventOfNext(EngineEvent event, std::int32_t value) {
   if (event == EngineEvent::opened) next_.duration = value / 1000.0;
-  if (event == EngineEvent::failed) {
-    closing_.add(std::move(next_.presentation), std::move(next_.picture));
-  }
+  if (event != EngineEvent::failed) return;
+  closing_.add(std::move(next_.presentation), std::move(next_.picture));
+  next_.failure = value;
+  preparationFailed.raise();
 }
 
 void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) {
@@ -207,7 +215,7 @@ void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::i
 
 void EmbeddedMediaPlayer::started() {
   starting_ = false;
-  last_.nextPlays();
+  last_->nextPlays();
   if (position_ != aim_) goToPosition();  // it was sought while it started
   if (!starting_ && std::exchange(pauseOnStart_, false)) {
     pauseOrdered_ = true;
@@ -220,7 +228,7 @@ void EmbeddedMediaPlayer::started() {
 
 void EmbeddedMediaPlayer::ended() {
   forgetOrders();
-  last_.keep(std::move(attempt_.presentation), std::move(attempt_.picture));
+  last_->keep(window_, closing_, std::move(attempt_.presentation), std::move(attempt_.picture));
   position_ = 0;
   state_ = MediaPlayState::stopped;
   playStateChange.raise(MediaPlayState::mediaEnded);
@@ -229,7 +237,7 @@ void EmbeddedMediaPlayer::ended() {
 void EmbeddedMediaPlayer::failed(std::int32_t reason) {
   log_.error("Media Foundation cannot play " + url_ + ": " + hexOf(reason));
   abandon();
-  last_.nextFailed();
+  last_->nextFailed();
   position_ = 0;
   state_ = MediaPlayState::stopped;
   mediaError.raise();

@@ -21,11 +21,15 @@ namespace tessivo {
 /// given to every attempt.
 class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::Owner {
  public:
-  EmbeddedMediaPlayer(HWND parent, Log& log);
+  /// `last`: shared with the other engine in that parent.
+  EmbeddedMediaPlayer(HWND parent, Log& log,
+                      std::shared_ptr<LastPicture> last = std::make_shared<LastPicture>());
   ~EmbeddedMediaPlayer() override;
 
   bool visible() const override { return window_.visible(); }
-  void setVisible(bool visible) override { window_.setVisible(visible); }
+  void setVisible(bool visible) override {
+    visible ? window_.setVisible(true) : last_->hide(window_);
+  }
   void move(const Rect& pixels) override { window_.move(pixels); }
 
   std::string url() const override { return url_; }
@@ -57,17 +61,19 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
     std::string url;
     std::shared_ptr<MediaPresentation> presentation;
     std::unique_ptr<PictureWindow> picture;
-    std::optional<double> duration;
+    std::optional<std::int32_t> failure = {};  ///< the reason, when it failed ahead
+    std::optional<double> duration = {};
   };
 
   void onMouse(EngineWindow::Gesture gesture, MouseButton button, bool inside) override;
   void onEngineEvent(EngineEvent event, WPARAM serial, std::int32_t value) override;
   void onResized() override;
-  void onTimer(EngineWindow::Timer) override { last_.letGo(); }
+  void onTimer(EngineWindow::Timer) override { last_->letGo(); }
 
   bool moves() const;
   void goToPosition();
   void open();
+  std::optional<std::int32_t> takeFailure();
   Attempt begin(const std::string& url, double seconds, bool waits);
   void giveUpNext();
   void eventOfNext(EngineEvent event, std::int32_t value);
@@ -98,9 +104,9 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   WPARAM lastSerial_ = 0;
   WPARAM serial_ = 0;  ///< of the present attempt, or of none
   Attempt attempt_;
-  Attempt next_;  ///< opened ahead; keeps its url when that failed
+  Attempt next_;  ///< opened ahead
   ClosingAttempts closing_;
-  LastPicture last_{window_, closing_};
+  std::shared_ptr<LastPicture> last_;
 };
 
 }  // namespace tessivo
