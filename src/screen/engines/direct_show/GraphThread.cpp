@@ -13,7 +13,6 @@ namespace {
 
 /// A seek over less than this is not worth a new graph.
 constexpr std::int32_t kNearMs = 300;
-constexpr long kCueMs = 1000;
 constexpr DWORD kFrameCheckMs = 10;
 
 }  // namespace
@@ -85,7 +84,7 @@ void GraphThread::run() {
     closing = closing_;
   }
   if (!closing) {
-    order_.waits ? graph_->cue(kCueMs) : runGraph();
+    order_.waits ? graph_->cue() : runGraph();
     serve();
   }
   graph_.reset();

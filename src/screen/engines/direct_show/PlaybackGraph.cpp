@@ -13,6 +13,7 @@ namespace tessivo {
 namespace {
 
 constexpr LONGLONG kTicksPerMs = 10000;
+constexpr long kCueMs = 1000;
 
 std::int32_t millisecondsOf(LONGLONG ticks) {
   constexpr LONGLONG kMost = std::numeric_limits<std::int32_t>::max();
@@ -25,18 +26,6 @@ bool isConnected(IBaseFilter* renderer) {
   ComPtr<IPin> peer;
   return SUCCEEDED(renderer->EnumPins(pins.put())) && pins->Next(1, pin.put(), nullptr) == S_OK &&
          SUCCEEDED(pin->ConnectedTo(peer.put()));
-}
-
-/// Wine loses the sound renderer of each graph, and with it the thread of the clock that it lends
-/// to a film. The clock that it lends is the system's anyway: with one of the graph's own, the
-/// thread ends with the graph.
-void takeSystemClock(const ComPtr<IGraphBuilder>& graph) {
-  ComPtr<IReferenceClock> clock;
-  const auto filter = graph.as<IMediaFilter>(IID_IMediaFilter);
-  if (filter && SUCCEEDED(CoCreateInstance(CLSID_SystemClock, nullptr, CLSCTX_INPROC_SERVER,
-                                           IID_IReferenceClock, clock.putVoid()))) {
-    filter->SetSyncSource(clock.get());
-  }
 }
 
 /// Wine's sound device crashes when one graph lets go of it while another takes it: one that nobody
@@ -82,7 +71,9 @@ HRESULT PlaybackGraph::open(const std::wstring& source, HWND picture) {
     graph_->RemoveFilter(renderer.get());
   }
   if (output_) output_->attach();
-  if (runsOnWine()) takeSystemClock(graph_);
+  // Wine also loses the sound renderer of each graph, and with it the thread of the clock that it
+  // lends to a film; one of the graph's own goes with the graph.
+  if (runsOnWine()) clock_.attach(graph_.get());
   return S_OK;
 }
 
@@ -113,9 +104,9 @@ PlaybackGraph::News PlaybackGraph::takeNews(HRESULT& reason) {
   return news;
 }
 
-void PlaybackGraph::cue(long ms) {
+void PlaybackGraph::cue() {
   OAFilterState state = State_Stopped;
-  if (SUCCEEDED(control_->Pause())) control_->GetState(ms, &state);
+  if (SUCCEEDED(control_->Pause())) control_->GetState(kCueMs, &state);
 }
 
 bool PlaybackGraph::hasFrame() const {
@@ -124,21 +115,31 @@ bool PlaybackGraph::hasFrame() const {
 }
 
 HRESULT PlaybackGraph::run() {
-  return control_->Run();
+  if (!clock_) return control_->Run();
+  cue();
+  return clock_.run();
 }
 
 HRESULT PlaybackGraph::pause() {
-  return control_->Pause();
+  const HRESULT hr = control_->Pause();
+  if (clock_ && SUCCEEDED(hr)) clock_.hold();
+  return hr;
 }
 
 void PlaybackGraph::seek(std::int32_t ms) {
   const std::int32_t length = lengthMs();
   LONGLONG position = kTicksPerMs * (length > 0 ? std::clamp(ms, 0, length) : std::max(ms, 0));
+  begin_ = position;
   seeking_->SetPositions(&position, AM_SEEKING_AbsolutePositioning, nullptr,
                          AM_SEEKING_NoPositioning);
 }
 
 std::int32_t PlaybackGraph::positionMs() const {
+  if (clock_) {
+    const std::int32_t reached = millisecondsOf(begin_ + clock_.played());
+    const std::int32_t length = lengthMs();
+    return length > 0 ? std::min(reached, length) : reached;
+  }
   LONGLONG position = 0;
   if (FAILED(seeking_->GetCurrentPosition(&position))) return 0;
   return millisecondsOf(position);

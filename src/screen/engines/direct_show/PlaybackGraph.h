@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/win32/ComPtr.h"
+#include "screen/engines/direct_show/GraphClock.h"
 #include "screen/engines/direct_show/VideoOutput.h"
 
 namespace tessivo {
@@ -31,8 +32,8 @@ class PlaybackGraph {
   /// `reason` is set for `failed`.
   News takeNews(HRESULT& reason);
 
-  /// Pauses at the first frame, and waits until it is there, so long at most.
-  void cue(long ms);
+  /// Pauses at the first frame, and waits until it is there, a second at most.
+  void cue();
   /// The first frame since the start has come to the renderer.
   bool hasFrame() const;
   HRESULT run();
@@ -52,6 +53,8 @@ class PlaybackGraph {
   ComPtr<IMediaSeeking> seeking_;
   ComPtr<IBasicAudio> audio_;
   std::unique_ptr<VideoOutput> output_;
+  GraphClock clock_;
+  LONGLONG begin_ = 0;  ///< the place it was sent to, in units of 100 ns
 };
 
 }  // namespace tessivo
