@@ -32,7 +32,7 @@ std::string SettingsFile::read() const {
 }
 
 bool SettingsFile::save(const std::string& text) const {
-  if (!replaceFile(besideProgram_, text)) return saveForUser(text);
+  if (replaceFile(besideProgram_, text) != Replaced::done) return saveForUser(text);
   if (ofUser_.empty()) return true;
   // It would count first.
   std::error_code error;
@@ -41,22 +41,26 @@ bool SettingsFile::save(const std::string& text) const {
 }
 
 /// Beside the file first, so that a crash leaves the old one.
-bool SettingsFile::replaceFile(const std::string& path, const std::string& text) const {
-  if (path.empty()) return false;
+SettingsFile::Replaced SettingsFile::replaceFile(const std::string& path,
+                                                 const std::string& text) const {
+  if (path.empty()) return Replaced::notWritten;
   const std::string fresh = path + ".new";
   std::error_code error;
-  if (writeWhole(fresh, text)) {
+  const bool isWritten = writeWhole(fresh, text);
+  if (isWritten) {
     if (flush_) flush_(fresh);
     std::filesystem::rename(toFilePath(fresh), toFilePath(path), error);
-    if (!error) return true;
+    if (!error) return Replaced::done;
   }
   std::filesystem::remove(toFilePath(fresh), error);
-  return false;
+  return isWritten ? Replaced::heldByOthers : Replaced::notWritten;
 }
 
-/// Into the old file where nobody may replace it: another program has it open.
+/// Into the old file where nobody may replace it, since another program has it open; not where
+/// there was no room for another: the old text would be gone.
 bool SettingsFile::saveForUser(const std::string& text) const {
-  if (replaceFile(ofUser_, text)) return true;
+  const Replaced replaced = replaceFile(ofUser_, text);
+  if (replaced != Replaced::heldByOthers) return replaced == Replaced::done;
   std::error_code error;
   return std::filesystem::is_regular_file(toFilePath(ofUser_), error) && writeWhole(ofUser_, text);
 }

@@ -23,7 +23,8 @@ class SettingsFile {
   bool save(const std::string& text) const;
 
  private:
-  bool replaceFile(const std::string& path, const std::string& text) const;
+  enum class Replaced { done, notWritten, heldByOthers };
+  Replaced replaceFile(const std::string& path, const std::string& text) const;
   bool saveForUser(const std::string& text) const;
 
   std::string besideProgram_;

@@ -4,6 +4,7 @@
 
 #include <iterator>
 
+#include "fakes/SmallDisk.h"
 #include "fakes/TempFolder.h"
 #include "fakes/VirtualTime.h"
 
@@ -75,6 +76,33 @@ TEST_F(FileLogTest, FullFileOfAnEarlierRunIsKeptAsideToo) {
   { FileLog(path(), time, 10).info("old entry"); }
   FileLog(path(), time, 10).info("new entry");
   EXPECT_EQ(textOf(path()), "2026-01-31 23:59:59.123 info new entry\r\n");
+}
+
+#ifndef _WIN32
+TEST_F(FileLogTest, OnAFullDiskTheLogWaitsAndGoesOn) {
+  FileLog log(path(), time);
+  log.info("before");
+  const std::string before = textOf(path());
+  {
+    const SmallDisk full(100);
+    for (int i = 0; i < 1000; ++i) log.error("while the disk is full " + std::to_string(i));
+  }
+  EXPECT_EQ(textOf(path()).size(), 100U);
+  log.info("after");
+  log.info("and later");
+  const std::string text = textOf(path());
+  EXPECT_TRUE(text.starts_with(before));
+  EXPECT_TRUE(text.ends_with("info after\r\n2026-01-31 23:59:59.123 info and later\r\n"));
+}
+#endif
+
+TEST_F(FileLogTest, AFolderInTheOldFilesPlaceLeavesTheFullOne) {
+  std::filesystem::create_directories(toFilePath(path() + ".1") / "inside");
+  FileLog log(path(), time, 10);
+  log.info("first");
+  log.info("second");
+  EXPECT_NE(textOf(path()).find("first"), std::string::npos);
+  EXPECT_NE(textOf(path()).find("second"), std::string::npos);
 }
 
 TEST_F(FileLogTest, PathThatCannotBeWrittenIsReportedAndHarmless) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/IniText.h"
+#include "fakes/SmallDisk.h"
 #include "fakes/TempFolder.h"
 
 namespace tessivo::ssp {
@@ -84,6 +85,23 @@ TEST_F(SettingsFileTest, TextIsFlushedWholeBeforeItTakesTheOldOnesPlace) {
   EXPECT_EQ(seen, (std::vector<std::string>{beside + ".new", "new", "old"}));
   EXPECT_EQ(textOf(beside), "new");
 }
+
+#ifndef _WIN32
+TEST_F(SettingsFileTest, OnAFullDiskTheOldTextsStay) {
+  write(beside, "old beside");
+  write(own, "old of the user");
+  {
+    const SmallDisk full(100);
+    EXPECT_FALSE(file.save(std::string(200, 'n')));
+    EXPECT_FALSE(SettingsFile(beside, "").save(std::string(200, 'n')));
+  }
+  EXPECT_EQ(textOf(beside), "old beside");
+  EXPECT_EQ(textOf(own), "old of the user");
+  EXPECT_EQ(programs.fileCount() + users.fileCount(), 2U);
+  EXPECT_TRUE(file.save(std::string(200, 'n')));
+  EXPECT_EQ(file.read(), std::string(200, 'n'));
+}
+#endif
 
 TEST_F(SettingsFileTest, AFolderInTheUsersPlaceDoesNotCount) {
   std::filesystem::create_directories(toFilePath(own) / "inside");
