@@ -21,10 +21,39 @@ std::string formatOf(const std::string& path) {
   return {start + 4, sizeof start - 4};
 }
 
+std::string journalOf(const std::string& path) {
+  return path + "-journal";
+}
+
 void renameDatabase(const std::string& from, const std::string& to) {
   std::error_code none;
   std::filesystem::rename(toFilePath(from), toFilePath(to));
-  std::filesystem::rename(toFilePath(from + "-journal"), toFilePath(to + "-journal"), none);
+  std::filesystem::rename(toFilePath(journalOf(from)), toFilePath(journalOf(to)), none);
+}
+
+void copyOver(const std::string& from, const std::string& to, std::error_code& error) {
+  std::filesystem::copy_file(toFilePath(from), toFilePath(to),
+                             std::filesystem::copy_options::overwrite_existing, error);
+}
+
+/// Gives the file at `path` a second name and returns that; "" where there is none, or no hard
+/// link, or where a journal would have to go along.
+std::string keepLinked(const std::string& path, const std::string& suffix) {
+  std::error_code error;
+  if (std::filesystem::exists(toFilePath(journalOf(path)), error)) return "";
+  std::string kept = freeNameBeside(path, suffix);
+  std::filesystem::create_hard_link(toFilePath(path), toFilePath(kept), error);
+  return error ? "" : kept;
+}
+
+void replaceLinked(const std::string& made, const std::string& path, const std::string& kept) {
+  try {
+    std::filesystem::rename(toFilePath(made), toFilePath(path));
+  } catch (const std::filesystem::filesystem_error&) {
+    std::error_code none;
+    std::filesystem::remove(toFilePath(kept), none);
+    throw;
+  }
 }
 
 }  // namespace
@@ -60,11 +89,39 @@ std::string keepAside(const std::string& path, const std::string& suffix) {
   return aside;
 }
 
+bool copyBeside(const std::string& path, const std::string& suffix, std::string& copy) {
+  copy = freeNameBeside(path, suffix);
+  const std::string unfinished = path + suffix + "new";
+  std::error_code error;
+  copyOver(path, unfinished, error);
+  // What a program that was killed has not finished is undone by its journal, in the copy, too.
+  std::error_code none;
+  const bool isUnfinished = std::filesystem::exists(toFilePath(journalOf(path)), none);
+  if (!error && isUnfinished) copyOver(journalOf(path), journalOf(copy), error);
+  if (!error) std::filesystem::rename(toFilePath(unfinished), toFilePath(copy), error);
+  if (!error) return true;
+  std::filesystem::remove(toFilePath(unfinished), none);
+  std::filesystem::remove(toFilePath(journalOf(copy)), none);
+  return false;
+}
+
 std::string putInPlace(const std::string& made, const std::string& path,
                        const std::string& suffix) {
+  std::string kept = keepLinked(path, suffix);
+  if (!kept.empty()) {
+    replaceLinked(made, path, kept);
+    return kept;
+  }
   std::error_code error;
-  std::string kept;
-  if (std::filesystem::exists(toFilePath(path), error)) kept = keepAside(path, suffix);
+  const bool isTaken = std::filesystem::exists(toFilePath(path), error);
+  // A journal without its database must not be taken for that of the new one.
+  const bool isLeft = std::filesystem::exists(toFilePath(journalOf(path)), error);
+  if (isTaken) {
+    kept = keepAside(path, suffix);
+  } else if (isLeft) {
+    std::filesystem::rename(toFilePath(journalOf(path)),
+                            toFilePath(journalOf(freeNameBeside(path, suffix))));
+  }
   try {
     std::filesystem::rename(toFilePath(made), toFilePath(path));
   } catch (const std::filesystem::filesystem_error&) {

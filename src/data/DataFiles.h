@@ -25,9 +25,15 @@ std::string freeNameBeside(const std::string& path, const std::string& suffix);
 /// std::filesystem::filesystem_error.
 std::string keepAside(const std::string& path, const std::string& suffix);
 
+/// Copies the database, with a journal that is there, beside itself under a free name, which it has
+/// when it is whole and not before. False, and nothing is left of it, when that failed; `copy` is
+/// the name in either case.
+bool copyBeside(const std::string& path, const std::string& suffix, std::string& copy);
+
 /// Renames `made` to `path`. What is at `path` is kept, see keepAside; returns its new name, ""
 /// when there was nothing. When it throws (std::filesystem::filesystem_error) both are where they
-/// were.
+/// were. Where the file system has hard links, and no journal is to go along, there is one of the
+/// two at `path` at every moment.
 std::string putInPlace(const std::string& made, const std::string& path, const std::string& suffix);
 
 }  // namespace tessivo

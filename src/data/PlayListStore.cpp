@@ -93,12 +93,12 @@ bool PlayList::keepUnreadFile() {
   const bool holdsSomething =
       std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) > 0;
   if (holdsSomething) {
-    const std::string copy = freeNameBeside(path_, ".unread-");
-    report_ = "the stored list could not be read; a copy of it: " + copy;
-    if (!std::filesystem::copy_file(file, toFilePath(copy), error)) {
+    std::string copy;
+    if (!copyBeside(path_, ".unread-", copy)) {
       report_ = "the stored list could not be read and not be copied: " + copy;
       return false;
     }
+    report_ = "the stored list could not be read; a copy of it: " + copy;
   }
   unread_ = false;
   return true;

@@ -2,6 +2,7 @@
 #include "data/MoveIn.h"
 #include "data/PlayList.h"
 #include "data/SysConfig.h"
+#include "fakes/KilledProcess.h"
 #include "fakes/VirtualTime.h"
 #include "unit/data/DataTestSupport.h"
 #include "unit/data/WriteProtected.h"
@@ -281,6 +282,50 @@ TEST_P(WithDriverTest, AConversionWritesAllRowsAtOnce) {
   const std::string content = contentOf(own);
   const auto at = [&](std::size_t place) { return static_cast<unsigned char>(content.at(place)); };
   EXPECT_LT(at(24) * 0x1000000 + at(25) * 0x10000 + at(26) * 0x100 + at(27), 40);
+}
+
+class KilledConversionTest : public AccessRowsTest {
+  const Drivers drivers_{{kDriver}};
+};
+
+/// What is there afterwards is the own database that was there before or the new one, whole, and
+/// another attempt comes through.
+TEST_F(KilledConversionTest, HasDoneAllOrNothing) {
+  storeAList(150);
+  runSql(rows, "insert into sys(volume_value) values(77)");
+  const std::string before = folder.file("before");
+  prepareDatabase(before, log);
+  runSql(before, "insert into sys(volume_value) values(12)");
+  int changes = 0;
+  for (bool ended = false; !ended; ++changes) {
+    SCOPED_TRACE(changes);
+    for (const std::string end : {"", "-journal", ".new", ".new-journal", ".old-1", ".old-2"}) {
+      std::filesystem::remove(toFilePath(own + end));
+    }
+    std::filesystem::copy_file(toFilePath(before), toFilePath(own));
+    const auto convert = [this] {
+      return convertDatabase(path, log).state == DatabaseState::converted;
+    };
+    ended = endsBeforeKill(changes, convert);
+    const WorkingDatabase working = chooseDatabase(path, log);
+    ASSERT_EQ(working.path, own);
+    ASSERT_EQ(working.state, DatabaseState::ready);
+    const auto volume = runSql(own, "select volume_value from sys");
+    const auto count = runSql(own, "select count(*) from play_list");
+    if (volume == std::vector<std::string>{"12"}) {
+      ASSERT_FALSE(ended);
+      ASSERT_EQ(count, std::vector<std::string>{"0"});
+    } else {
+      ASSERT_EQ(volume, std::vector<std::string>{"77"});
+      ASSERT_EQ(count, std::vector<std::string>{"150"});
+      ASSERT_EQ(runSql(own + ".old-1", "select volume_value from sys"),
+                std::vector<std::string>{"12"});
+    }
+    if (changes % 4 != 0) continue;
+    ASSERT_TRUE(convert()) << testing::PrintToString(log.errors);
+    ASSERT_EQ(runSql(own, "select volume_value from sys"), std::vector<std::string>{"77"});
+  }
+  EXPECT_GT(changes, 20) << "too few moments";
 }
 
 // A file that cannot be opened now
@@ -620,6 +665,22 @@ TEST_F(AccessFileTest, WhatIsPutInPlaceKeepsWhatWasThere) {
   EXPECT_EQ(contentOf(own + ".old-1-journal"), "journal");
   writeFile(path + ".new", "more");
   EXPECT_EQ(putInPlace(path + ".new", folder.file("free"), ".old-"), "");
+}
+
+TEST_F(AccessFileTest, AJournalThatIsLeftIsNotTakenForThatOfWhatIsPutInPlace) {
+  writeFile(own + "-journal", "of one that is gone");
+  writeFile(own + ".new", "new");
+  EXPECT_EQ(putInPlace(own + ".new", own, ".old-"), "");
+  EXPECT_EQ(contentOf(own), "new");
+  EXPECT_FALSE(std::filesystem::exists(toFilePath(own + "-journal")));
+  EXPECT_EQ(contentOf(own + ".old-1-journal"), "of one that is gone");
+}
+
+TEST_F(AccessFileTest, WhatCannotBePutInPlaceOfADatabaseChangesNothing) {
+  writeFile(own, "old");
+  EXPECT_THROW(putInPlace(folder.file("missing"), own, ".old-"), std::filesystem::filesystem_error);
+  EXPECT_EQ(contentOf(own), "old");
+  EXPECT_EQ(folder.fileCount(), 2U);
 }
 
 TEST_F(AccessFileTest, WhatCannotBePutInPlaceChangesNothing) {

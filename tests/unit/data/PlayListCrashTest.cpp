@@ -2,55 +2,13 @@
 // or the new one, complete. Linux only: Windows offers no fork.
 #ifndef _WIN32
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "data/PlayList.h"
+#include "fakes/KilledProcess.h"
 #include "fakes/VirtualTime.h"
 #include "unit/data/DataTestSupport.h"
 
 namespace tessivo {
 namespace {
-
-/// Changes to files that the process may still make; SQLite's own calls count them down.
-int g_changesLeft = 0;
-
-void countDown() {
-  if (g_changesLeft-- == 0) kill(getpid(), SIGKILL);
-}
-ssize_t countedWrite(int file, const void* bytes, size_t length) {
-  countDown();
-  return write(file, bytes, length);
-}
-ssize_t countedWriteAt(int file, const void* bytes, size_t length, off_t place) {
-  countDown();
-  return pwrite(file, bytes, length, place);
-}
-int countedTruncate(int file, off_t length) {
-  countDown();
-  return ftruncate(file, length);
-}
-int countedUnlink(const char* path) {
-  countDown();
-  return unlink(path);
-}
-
-template <typename Function>
-void replaceCall(const char* name, Function* function) {
-  auto* vfs = sqlite3_vfs_find(nullptr);
-  const auto call = reinterpret_cast<sqlite3_syscall_ptr>(function);
-  if (vfs->xSetSystemCall(vfs, name, call) != SQLITE_OK) _exit(3);
-}
-
-void dieAfterChanges(int changes) {
-  g_changesLeft = changes;
-  replaceCall("write", &countedWrite);
-  replaceCall("pwrite", &countedWriteAt);
-  replaceCall("pwrite64", &countedWriteAt);
-  replaceCall("ftruncate", &countedTruncate);
-  replaceCall("unlink", &countedUnlink);
-}
 
 class PlayListCrashTest : public DatabaseTest {
  protected:
@@ -82,21 +40,6 @@ class PlayListCrashTest : public DatabaseTest {
     return content;
   }
 
-  /// Saves in another process that is killed when it is about to make one change more. Returns
-  /// whether the save came to its end before.
-  bool saveWithChanges(PlayList& list, int changes) {
-    const pid_t child = fork();
-    if (child == 0) {
-      dieAfterChanges(changes);
-      _exit(list.boolSavePlayListToPLDB() ? 0 : 1);
-    }
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    const bool ended = WIFEXITED(status);
-    EXPECT_TRUE(ended ? WEXITSTATUS(status) == 0 : WTERMSIG(status) == SIGKILL) << status;
-    return ended;
-  }
-
   /// Kills the save of a list over another before its 1st, 1 + stride-th … change.
   void killEverywhere(int oldCount, int newCount, int stride) {
     PlayList before(keys);
@@ -107,7 +50,7 @@ class PlayListCrashTest : public DatabaseTest {
     for (bool ended = false; !ended; changes += stride) {
       ASSERT_TRUE(before.boolSavePlayListToPLDB());
       ASSERT_EQ(folder.fileCount(), 1u) << "a journal was left over";
-      ended = saveWithChanges(after, changes);
+      ended = endsBeforeKill(changes, [&] { return after.boolSavePlayListToPLDB(); });
       // The last change of all, which commits, is the removal of the journal.
       ASSERT_EQ(whatIsStored(oldCount, newCount), ended ? "new" : "old") << changes << " changes";
     }

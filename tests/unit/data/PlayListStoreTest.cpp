@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "data/PlayList.h"
+#include "fakes/SmallDisk.h"
 #include "fakes/VirtualTime.h"
 #include "unit/data/DataTestSupport.h"
 
@@ -294,6 +295,53 @@ TEST_F(PlayListStoreTest, TheCopyOfAListThatCouldNotBeReadIsReported) {
   EXPECT_TRUE(list.boolSavePlayListToPLDB());
   EXPECT_EQ(list.strReport(), "");
 }
+
+TEST_F(PlayListStoreTest, TheCopyOfAListThatAnotherProgramWasWritingIsWhole) {
+  for (int i = 0; i < 300; ++i) add(std::string(400, 'k') + std::to_string(i));
+  ASSERT_TRUE(list.boolSavePlayListToPLDB());
+  std::string journal;
+  std::string halfWritten;
+  {
+    // Too large for its page cache: the file is written to before the end. It is killed then.
+    OtherProgram other(path);
+    other.run("pragma cache_size=2; begin exclusive; update play_list set file_name='broken'");
+    EXPECT_FALSE(list.boolGetPlayListFromPLDB());
+    journal = contentOf(path + "-journal");
+    halfWritten = contentOf(path);
+  }
+  ASSERT_NE(contentOf(path), halfWritten);
+  writeFile(path, halfWritten);
+  writeFile(path + "-journal", journal);
+  add("new");
+  EXPECT_TRUE(list.boolSavePlayListToPLDB()) << list.strReport();
+  EXPECT_EQ(runSql(path + ".unread-1",
+                   "select count(*) from play_list where file_name='broken' union all"
+                   " select count(*) from play_list"),
+            (std::vector<std::string>{"0", "300"}));
+  EXPECT_EQ(folder.fileCount(), 2U);
+}
+
+#ifndef _WIN32
+TEST_F(PlayListStoreTest, OnAFullDiskNoHalfACopyIsMade) {
+  store("(1,'old','','',1)");
+  {
+    OtherProgram other(path);
+    other.run("begin exclusive");
+    EXPECT_FALSE(list.boolGetPlayListFromPLDB());
+  }
+  add("new");
+  {
+    const SmallDisk full(20000);
+    EXPECT_FALSE(list.boolSavePlayListToPLDB());
+    EXPECT_FALSE(list.boolSavePlayListToPLDB());
+  }
+  EXPECT_EQ(folder.fileCount(), 1U);
+  EXPECT_EQ(stored(), std::vector<std::string>{"1|old|||1"});
+  EXPECT_EQ(shown(), "new*+");
+  EXPECT_TRUE(list.boolSavePlayListToPLDB());
+  EXPECT_EQ(contentOf(path + ".unread-1").size(), contentOf(path).size());
+}
+#endif
 
 TEST_F(PlayListStoreTest, AListThatWasReadIsReplacedWithoutACopy) {
   store("(1,'old','','',1)");
