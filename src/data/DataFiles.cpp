@@ -21,6 +21,14 @@ std::string formatOf(const std::string& path) {
   return {start + 4, sizeof start - 4};
 }
 
+/// Tries it; nothing is left.
+bool canBeMade(const std::string& path) {
+  const bool isMade = std::ofstream(toFilePath(path), std::ios::binary).is_open();
+  std::error_code none;
+  if (isMade) std::filesystem::remove(toFilePath(path), none);
+  return isMade;
+}
+
 std::string journalOf(const std::string& path) {
   return path + "-journal";
 }
@@ -72,7 +80,8 @@ bool holdsSomething(const std::string& path) {
 }
 
 bool canBeWritten(const std::string& path) {
-  return std::fstream(toFilePath(path), std::ios::in | std::ios::out | std::ios::binary).is_open();
+  constexpr auto kBothWays = std::ios::in | std::ios::out | std::ios::binary;
+  return std::fstream(toFilePath(path), kBothWays).is_open() && canBeMade(path + ".try");
 }
 
 std::string freeNameBeside(const std::string& path, const std::string& suffix) {

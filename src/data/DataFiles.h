@@ -14,7 +14,8 @@ bool isNewerAccessFile(const std::string& path);
 /// Whether there is a file that may be read now and has at least one byte.
 bool holdsSomething(const std::string& path);
 
-/// Whether the file is there and may be written; it stays as it is.
+/// Whether the file is there and may be written, and another one made beside it, as every write of
+/// a database needs. The file stays as it is.
 bool canBeWritten(const std::string& path);
 
 /// `path` + `suffix` + the first number from 1 whose name no file has.

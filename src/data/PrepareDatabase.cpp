@@ -166,6 +166,12 @@ DatabaseState checkAndComplete(const std::string& path, Log& log) {
   }
 }
 
+DatabaseState afterFailure(const std::string& path, const char* why, bool isHeld, Log& log) {
+  log.error("database left alone: " + oneLine(why));
+  if (!canBeWritten(path)) return DatabaseState::notWritable;
+  return isHeld ? DatabaseState::leftAlone : DatabaseState::failed;
+}
+
 DatabaseState prepare(const std::string& path, Log& log) {
   std::error_code none;
   const auto file = toFilePath(path);
@@ -186,9 +192,10 @@ DatabaseState prepare(const std::string& path, Log& log) {
 DatabaseState prepareDatabase(const std::string& path, Log& log) {
   try {
     return prepare(path, log);
+  } catch (const DataError& error) {
+    return afterFailure(path, error.what(), error.fault() == DataFault::busy, log);
   } catch (const std::exception& error) {
-    log.error("database left alone: " + oneLine(error.what()));
-    return canBeWritten(path) ? DatabaseState::leftAlone : DatabaseState::notWritable;
+    return afterFailure(path, error.what(), false, log);
   }
 }
 

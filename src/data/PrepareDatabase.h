@@ -18,6 +18,7 @@ enum class DatabaseState {
   accessHeld,   ///< of chooseDatabase: a Microsoft Access file that its driver cannot open now
   notWritable,  ///< what is there, if anything, can be read at most: nothing can be stored
   leftAlone,    ///< it cannot be used now: another program holds it
+  failed,       ///< it cannot be made, read or completed now: the disk is full or does not answer
 };
 
 /// Sees to it that a usable database lies at `path`, once, before anything reads it. What happened

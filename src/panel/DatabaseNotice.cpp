@@ -33,6 +33,10 @@ std::string stateText(DatabaseState state, const std::string& used, const std::s
     case DatabaseState::notWritable:
       return "无法写入程序文件夹中的数据库 " + used +
              "，播放列表和设置不会保存。请把泰思维放到您有权写入的文件夹中。";
+    case DatabaseState::failed:
+      return "数据库 " + used +
+             " 现在无法建立或读取（磁盘可能已满，详见 "
+             "Tessivo.log），播放列表和设置可能不会保存。请检查磁盘，再重新启动泰思维。";
     case DatabaseState::ready:
     case DatabaseState::created:
     case DatabaseState::accessInUse:

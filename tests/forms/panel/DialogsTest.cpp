@@ -128,6 +128,7 @@ TEST(DatabaseNotice, NamesTheFileThatItSpeaksOf) {
   EXPECT_TRUE(has(noticeOf(DatabaseState::replaced, "SysConfig.db"), "SysConfig.db.damaged 开头"));
   EXPECT_TRUE(has(noticeOf(DatabaseState::notWritable, "SysConfig.db"), "数据库 SysConfig.db，"));
   EXPECT_TRUE(has(noticeOf(DatabaseState::accessHeld, "SysConfig"), "数据库 SysConfig 是"));
+  EXPECT_TRUE(has(noticeOf(DatabaseState::failed, "SysConfig.db"), "数据库 SysConfig.db 现在"));
   for (const auto state : {DatabaseState::accessFile, DatabaseState::converted}) {
     EXPECT_TRUE(has(noticeOf(state, "SysConfig.db"), " SysConfig "));
     EXPECT_TRUE(has(noticeOf(state, "SysConfig.db"), "新的数据库 SysConfig.db"));

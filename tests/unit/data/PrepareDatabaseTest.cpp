@@ -3,6 +3,7 @@
 #include <random>
 
 #include "data/PlayList.h"
+#include "fakes/FaultyDisk.h"
 #include "fakes/VirtualTime.h"
 #include "unit/data/DataTestSupport.h"
 #include "unit/data/WriteProtected.h"
@@ -208,10 +209,11 @@ TEST_F(PrepareDatabaseTest, ATextFileIsKeptAside) {
 }
 
 TEST_F(PrepareDatabaseTest, ATruncatedDatabaseIsKeptAside) {
-  const auto whole = storeAList(500);
-  const std::size_t page = 16384;
-  for (const std::size_t length : {std::size_t{50}, std::size_t{99}, page / 2, page, page + 1,
-                                   whole.size() - page, whole.size() - 1}) {
+  const FaultyDisk quick;  // which need not wait for the system's
+  const auto whole = storeAList(100);
+  std::vector<std::size_t> lengths{50, 99, 16385, whole.size() - 1};
+  for (std::size_t length = 512; length < whole.size(); length += 512) lengths.push_back(length);
+  for (const std::size_t length : lengths) {
     SCOPED_TRACE(length);
     std::filesystem::remove(toFilePath(folder.file("SysConfig.damaged-1")));
     log = {};
@@ -302,6 +304,100 @@ TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseIsLeftAsItIsAndCanBeLoadedButNotSav
   }
   EXPECT_EQ(contentOf(path), content);
   EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+#ifndef _WIN32
+TEST_F(PrepareDatabaseTest, InAFolderThatMayNotBeWrittenADatabaseCanBeLoadedButNotSaved) {
+  const auto content = storeAList(3);
+  std::filesystem::permissions(toFilePath(path), std::filesystem::perms(0666));
+  {
+    const ActsAsNobody nobody;
+    EXPECT_EQ(prepare(), DatabaseState::notWritable);
+    EXPECT_TRUE(list.boolGetPlayListFromPLDB());
+    EXPECT_EQ(list.lngListCount(), 3);
+    EXPECT_FALSE(list.boolSavePlayListToPLDB());
+    EXPECT_EQ(list.lngListCount(), 3);
+  }
+  EXPECT_EQ(contentOf(path), content);
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+#endif
+
+/// While the program runs.
+TEST_F(PrepareDatabaseTest, ADatabaseThatComesToBeReadOnlyIsNotSavedUntilItIsNot) {
+  storeAList(3);
+  list.deleteAItem(list.objGetAItem(1)->strKey);
+  const auto content = contentOf(path);
+  {
+    const WriteProtected protection(path);
+    EXPECT_FALSE(list.boolSavePlayListToPLDB());
+    EXPECT_NE(list.strReport(), "");
+  }
+  EXPECT_EQ(contentOf(path), content);
+  EXPECT_TRUE(list.boolSavePlayListToPLDB()) << list.strReport();
+  EXPECT_EQ(runSql(path, "select count(*) from play_list"), std::vector<std::string>{"2"});
+}
+
+TEST_F(PrepareDatabaseTest, ADatabaseThatIsTakenAwayIsNotMadeBySaving) {
+  storeAList(3);
+  std::filesystem::rename(toFilePath(path), toFilePath(path + ".away"));
+  EXPECT_FALSE(list.boolSavePlayListToPLDB());
+  EXPECT_NE(list.strReport(), "");
+  EXPECT_EQ(list.lngListCount(), 3);
+  EXPECT_EQ(folder.fileCount(), 1u);
+  // Brought back, it is the same as ever.
+  std::filesystem::rename(toFilePath(path + ".away"), toFilePath(path));
+  EXPECT_TRUE(list.boolSavePlayListToPLDB());
+}
+
+TEST_F(PrepareDatabaseTest, ADatabaseThatIsExchangedHasTheListThatIsSavedNext) {
+  storeAList(3);
+  const std::string other = folder.file("other");
+  ASSERT_EQ(prepareDatabase(other, log), DatabaseState::created);
+  runSql(other, "insert into play_list(item_order, flag_for_play_list) values(1, 'else')");
+  std::filesystem::rename(toFilePath(other), toFilePath(path));
+  EXPECT_TRUE(list.boolSavePlayListToPLDB()) << list.strReport();
+  EXPECT_EQ(runSql(path, "select count(*) from play_list"), std::vector<std::string>{"3"});
+}
+
+/// By a tool that keeps a log of its own beside a database, and was killed.
+TEST_F(PrepareDatabaseTest, ALogThatAToolLeftBesideTheDatabaseIsTakenIn) {
+  storeAList(3);
+  std::string database;
+  std::string toolsLog;
+  {
+    OtherProgram tool(path);
+    tool.run("pragma journal_mode=wal; delete from play_list where item_order = 3");
+    database = contentOf(path);
+    toolsLog = contentOf(path + "-wal");
+  }
+  ASSERT_GT(toolsLog.size(), 0u);
+  writeFile(path, database);
+  writeFile(path + "-wal", toolsLog);
+  EXPECT_EQ(prepare(), DatabaseState::ready) << testing::PrintToString(log.errors);
+  EXPECT_TRUE(list.boolGetPlayListFromPLDB());
+  EXPECT_EQ(list.lngListCount(), 2);
+  EXPECT_TRUE(list.boolSavePlayListToPLDB()) << list.strReport();
+  EXPECT_EQ(folder.fileCount(), 1u);
+}
+
+/// Nobody can tell it from the database's own. What comes of it is a whole database all the same.
+TEST_F(PrepareDatabaseTest, AJournalOfAnotherDatabaseLeavesAWholeOne) {
+  storeAList(1000);
+  std::string journal;
+  {
+    OtherProgram other(path);
+    other.run("pragma cache_size=2; begin; update play_list set file_name='broken'");
+    journal = contentOf(path + "-journal");
+    other.run("rollback");
+  }
+  list.clearList();
+  storeAList(3);
+  writeFile(path + "-journal", journal);
+  const auto state = prepare();
+  EXPECT_TRUE(state == DatabaseState::ready || state == DatabaseState::replaced);
+  EXPECT_EQ(runSql(path, "pragma integrity_check"), std::vector<std::string>{"ok"});
+  EXPECT_EQ(folder.fileCount(), state == DatabaseState::ready ? 1u : 2u);
 }
 
 TEST_F(PrepareDatabaseTest, AReadOnlyDatabaseThatLacksATableIsLeftAlone) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "base/FilePath.h"
@@ -17,8 +18,25 @@
 
 namespace tessivo {
 
-/// While it lives, nobody can write the file. File modes do not bind the super-user, so on Linux
-/// the test acts as somebody else; on Windows an open file that denies writing binds everybody.
+#ifndef _WIN32
+/// While it lives, the test may do what anybody may: file modes do not bind the super-user.
+class ActsAsNobody {
+ public:
+  ActsAsNobody() {
+    constexpr uid_t kNobody = 65534;
+    EXPECT_EQ(seteuid(user_ == 0 ? kNobody : user_), 0);
+  }
+  ~ActsAsNobody() { EXPECT_EQ(seteuid(user_), 0); }
+  ActsAsNobody(const ActsAsNobody&) = delete;
+  ActsAsNobody& operator=(const ActsAsNobody&) = delete;
+
+ private:
+  uid_t user_ = geteuid();
+};
+#endif
+
+/// While it lives, nobody can write the file; on Windows an open file that denies writing binds
+/// everybody.
 class WriteProtected {
  public:
   explicit WriteProtected(const std::string& path) : file_(toFilePath(path)) {
@@ -28,15 +46,14 @@ class WriteProtected {
     guard_ = _wfsopen(file_.c_str(), L"rb", _SH_DENYWR);
     EXPECT_NE(guard_, nullptr);
 #else
-    const uid_t nobody = 65534;
-    EXPECT_EQ(seteuid(user_ == 0 ? nobody : user_), 0);
+    nobody_.emplace();
 #endif
   }
   ~WriteProtected() {
 #ifdef _WIN32
     std::fclose(guard_);
 #else
-    EXPECT_EQ(seteuid(user_), 0);
+    nobody_.reset();
 #endif
     std::filesystem::permissions(file_, std::filesystem::perms::owner_write,
                                  std::filesystem::perm_options::add);
@@ -49,7 +66,7 @@ class WriteProtected {
 #ifdef _WIN32
   std::FILE* guard_ = nullptr;
 #else
-  uid_t user_ = geteuid();
+  std::optional<ActsAsNobody> nobody_;
 #endif
 };
 
