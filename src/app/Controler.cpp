@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 
 #include "base/Text.h"
 #include "monitors/cMonitor.h"
@@ -128,6 +129,8 @@ void Controler::exitSys() {
 void Controler::attempt(LeavingStep step) {
   try {
     (this->*step)();
+  } catch (const std::bad_alloc&) {
+    services_.log.error("no memory for a step of leaving");
   } catch (const std::exception& e) {
     services_.log.error(std::string("unexpected error while leaving: ") + e.what());
   }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ namespace tessivo {
 /// (amortised); turning an index into an item or an item into its index, erasing and swapping take
 /// O(log n). An item costs about three words beside its key.
 ///
+/// When memory runs out an operation throws std::bad_alloc and has changed nothing.
+///
 /// How: each item has a slot in order of appending; erasing leaves the slot empty; a Fenwick tree
 /// counts the used slots. When most slots are empty, all items move together.
 template <typename Item, typename KeyOf>
@@ -36,7 +39,10 @@ class KeyedSequence {
 
   void append(Item item) {
     const auto slot = slots_.size();
+    makeRoom(slots_);
+    makeRoom(used_);
     byKey_.emplace(toUpper(KeyOf()(item)), slot);
+    // From here on nothing is allocated.
     slots_.push_back(std::move(item));
     pushCount();
   }
@@ -119,6 +125,14 @@ class KeyedSequence {
   static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t kFewSlots = 64;
 
+  /// For one element more; grows like push_back.
+  template <typename Element>
+  static void makeRoom(std::vector<Element>& elements) {
+    constexpr std::size_t kFirst = 16;
+    if (elements.size() < elements.capacity()) return;
+    elements.reserve(std::max(kFirst, elements.size() * 2));
+  }
+
   static std::size_t lowBit(std::size_t i) { return i & (~i + 1); }
 
   /// Appends a used slot to the Fenwick tree: the sum over the subtrees that end just before it.
@@ -177,13 +191,27 @@ class KeyedSequence {
     return entry;
   }
 
+  /// Only for less memory, so that it is left when there is none for it.
   void compact() {
-    std::vector<std::optional<Item>> old;
-    old.swap(slots_);
-    clear();
-    for (auto& slot : old) {
-      if (slot) append(std::move(*slot));
+    std::vector<std::optional<Item>> slots;
+    std::vector<std::uint32_t> used;
+    std::vector<std::size_t> moved;
+    try {
+      slots.reserve(size());
+      used.reserve(size());
+      moved.resize(slots_.size());
+    } catch (const std::bad_alloc&) {
+      return;
     }
+    for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+      if (!slots_[slot]) continue;
+      moved[slot] = slots.size();
+      slots.push_back(std::move(slots_[slot]));
+    }
+    for (auto& entry : byKey_) entry.second = moved[entry.second];
+    slots_.swap(slots);
+    used_.swap(used);
+    while (used_.size() < slots_.size()) pushCount();
   }
 
   std::vector<std::optional<Item>> slots_;

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <new>
 #include <string_view>
 #include <system_error>
 
@@ -23,9 +24,15 @@ std::string formatOf(const std::string& path) {
 
 /// Tries it; nothing is left.
 bool canBeMade(const std::string& path) {
-  const bool isMade = std::ofstream(toFilePath(path), std::ios::binary).is_open();
+  const auto file = toFilePath(path);
+  bool isMade = false;
+  try {
+    isMade = std::ofstream(file, std::ios::binary).is_open();
+  } catch (const std::bad_alloc&) {
+    isMade = false;
+  }
   std::error_code none;
-  if (isMade) std::filesystem::remove(toFilePath(path), none);
+  std::filesystem::remove(file, none);
   return isMade;
 }
 

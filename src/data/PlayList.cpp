@@ -7,17 +7,22 @@ namespace tessivo {
 bool PlayList::addAItem(const MoviePtr& movie) {
   if (!movie || items_.contains(movie)) return false;
   keys_.reserve(movie->strKey);
+  // A film that there is no memory for leaves the list and its marks as they were.
+  append(movie, movie->boolIsPlayItem || playItems_.empty());
   if (actItem_) actItem_->boolIsActItem = false;
   movie->boolIsActItem = true;
   actItem_ = movie;
-  if (playItems_.empty()) movie->boolIsPlayItem = true;
-  append(movie);
   return true;
 }
 
-void PlayList::append(const MoviePtr& movie) {
+void PlayList::append(const MoviePtr& movie, bool isPlayItem) {
+  if (isPlayItem && playItems_.size() == playItems_.capacity()) {
+    playItems_.reserve(2 * playItems_.size() + 1);
+  }
   items_.append(movie);
-  if (movie->boolIsPlayItem) playItems_.push_back(movie);
+  if (!isPlayItem) return;
+  movie->boolIsPlayItem = true;
+  playItems_.push_back(movie);
 }
 
 bool PlayList::deleteAItem(const std::string& key) {

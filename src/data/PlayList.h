@@ -98,7 +98,7 @@ class PlayList {
     const std::string& operator()(const MoviePtr& movie) const { return movie->strKey; }
   };
 
-  void append(const MoviePtr& movie);
+  void append(const MoviePtr& movie, bool isPlayItem);
   void appendStored(const Recordset& row);
   void appendRows(Recordset& rows) const;
   bool keepUnreadFile();

@@ -1,11 +1,11 @@
 // Loading and saving of the PlayList.
 
+#include <exception>
 #include <filesystem>
 #include <system_error>
 
 #include "base/FilePath.h"
 #include "data/DataAccess.h"
-#include "data/DataError.h"
 #include "data/DataFiles.h"
 #include "data/PlayList.h"
 
@@ -25,12 +25,12 @@ bool PlayList::boolGetPlayListFromPLDB() {
                                                       path_, report_);
     if (!rows) return false;
     for (; !rows->eof(); rows->moveNext()) appendStored(*rows);
-  } catch (const DataError& error) {
-    report_ = error.what();
+    if (playItems_.empty()) markFirst();
+  } catch (const std::exception& error) {  // no memory, too
     clearList();
+    report_ = error.what();
     return false;
   }
-  if (playItems_.empty()) markFirst();
   unread_ = false;
   return true;
 }
@@ -41,7 +41,7 @@ void PlayList::appendStored(const Recordset& row) {
   movie->strFilePath = asText(row.value("file_path"));
   movie->boolIsPlayItem = isOne(row.value("is_play_item"));
   keys_.reserve(movie->strKey);
-  append(movie);
+  append(movie, movie->boolIsPlayItem);
 }
 
 void PlayList::markFirst() {
@@ -53,8 +53,8 @@ void PlayList::markFirst() {
 bool PlayList::boolSavePlayListToPLDB() {
   report_.clear();
   if (unread_ && items_.empty()) return true;
-  if (unread_ && !keepUnreadFile()) return false;
   try {
+    if (unread_ && !keepUnreadFile()) return false;
     std::string error;
     const auto emptied = DataAccess(DataAccess::Commit::together)
                              .objrsGetRecordSet1("delete from play_list", path_, error);
@@ -68,7 +68,7 @@ bool PlayList::boolSavePlayListToPLDB() {
     }
     emptied->connection()->commit();
     return true;
-  } catch (const DataError& error) {
+  } catch (const std::exception& error) {  // no memory, too
     report_ = error.what();
     return false;
   }

@@ -1,8 +1,9 @@
 #include "data/SysConfig.h"
 
+#include <exception>
+
 #include "base/Text.h"
 #include "data/DataAccess.h"
-#include "data/DataError.h"
 
 namespace tessivo {
 namespace {
@@ -50,7 +51,7 @@ bool SysConfig::boolGetData() {
     if (row->bof() || row->eof()) return false;
     values_ = read(*row);
     return true;
-  } catch (const DataError& error) {
+  } catch (const std::exception& error) {  // no memory, too
     report_ = error.what();
     return false;
   }
@@ -69,7 +70,7 @@ bool SysConfig::boolSaveData() {
     unread_ = unread_ && !isFirst;
     seen_ = values_;
     return true;
-  } catch (const DataError& error) {
+  } catch (const std::exception& error) {  // no memory, too
     report_ = error.what();
     return false;
   }

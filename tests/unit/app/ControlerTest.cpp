@@ -422,6 +422,26 @@ TEST_F(ControlerTest, NoMenuHoldsTheProgramUpWhileItLeaves) {
   EXPECT_EQ(popups, 1);
 }
 
+TEST_F(ControlerTest, AClockThatIsSetWhileAFilmPlaysChangesNothing) {
+  addThree();
+  ASSERT_TRUE(controler.play());
+  const std::vector<LocalTime> moments{{2026, 11, 20, 1000},
+                                       {2026, 11, 20, 80'000'000},
+                                       {2026, 11, 19, 0},
+                                       {2031, 1, 1, 0},
+                                       {2026, 12, 31, 86'397'000}};
+  std::string usual;
+  for (const LocalTime& moment : moments) {
+    time.setDate(moment);
+    trace.take();
+    time.advance(6000);
+    const std::string happened = trace.take();
+    if (usual.empty()) usual = happened;
+    EXPECT_EQ(happened, usual) << moment.year;
+  }
+  EXPECT_NE(usual, "");
+}
+
 TEST_F(ControlerTest, AStepThatFailsKeepsTheProgramNeitherFromSavingNorFromEnding) {
   addThree();
   controler.setVolume(61);

@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "data/Movie.h"
 #include "fakes/VirtualTime.h"
@@ -46,6 +47,24 @@ TEST_F(MovieKeysTest, InTheSameMillisecondTheNextNumberIsTaken) {
   EXPECT_EQ(keys.newKey(), "F200781500000007");
   time.advance(10);
   EXPECT_EQ(keys.newKey(), "F200781500000016");
+}
+
+TEST_F(MovieKeysTest, WhateverTheClockDoesNoKeyComesTwice) {
+  std::set<std::string> given;
+  // On over the end of the year, back to the beginning, on by a year, and back by an hour.
+  const std::vector<LocalTime> moments{{2026, 12, 31, 86'399'999},
+                                       {2027, 1, 1, 0},
+                                       {2026, 12, 31, 86'399'999},
+                                       {2028, 1, 1, 3'600'000},
+                                       {2028, 1, 1, 0},
+                                       {2026, 1, 11, 7},
+                                       {2026, 11, 1, 7}};
+  for (int round = 0; round < 3; ++round) {
+    for (const LocalTime& moment : moments) {
+      time.setDate(moment);
+      EXPECT_TRUE(given.insert(keys.newKey()).second) << moment.year << ' ' << moment.msOfDay;
+    }
+  }
 }
 
 TEST_F(MovieKeysTest, AReservedKeyIsNotGivenOut) {

@@ -33,6 +33,14 @@ TEST_F(FileLogTest, LineHasDateTimeLevelAndText) {
             "2026-01-31 23:59:59.123 info 开始 start\r\n2026-01-31 23:59:59.123 error no file\r\n");
 }
 
+TEST_F(FileLogTest, WhenTheClockIsSetBackTheLinesStayInTheOrderOfWriting) {
+  FileLog log(path(), time);
+  log.info("a");
+  time.setDate({2025, 12, 31, 0});
+  log.info("b");
+  EXPECT_EQ(textOf(path()), "2026-01-31 23:59:59.123 info a\r\n2025-12-31 00:00:00.000 info b\r\n");
+}
+
 TEST_F(FileLogTest, LineBreaksInTheTextBecomeBlanks) {
   FileLog log(path(), time);
   log.info("a\r\nb\nc");

@@ -288,6 +288,36 @@ TEST_F(MouseHideShowTest, AfterMidnightAnotherRestIsMeasuredAsEver) {
   EXPECT_FALSE(pointer.seen());
 }
 
+TEST_F(MouseHideShowTest, AClockThatIsSetByAnHourHidesAtOnceAndAMovementShows) {
+  for (const int hours : {-1, 1}) {
+    SCOPED_TRACE(hours);
+    time.setDate({2026, 1, 1, kDayMs / 2});
+    pointer.at.x += 1;
+    startNow();
+    time.advance(300);
+    EXPECT_TRUE(pointer.seen());
+    time.setDate({2026, 1, 1, kDayMs / 2 + hours * 3'600'000});
+    time.advance(300);
+    EXPECT_FALSE(pointer.seen());
+    pointer.at.x += 1;
+    time.advance(300);
+    EXPECT_TRUE(pointer.seen());
+    hider->boolEnabled(false);
+  }
+}
+
+TEST_F(MouseHideShowTest, AClockThatIsSetBackByLessThanTheRestProlongsItByThatAtMost) {
+  time.setDate({2026, 1, 1, kDayMs / 2});
+  pointer.at.x += 1;
+  startNow();
+  time.advance(300);
+  time.setDate({2026, 1, 1, kDayMs / 2 - 4000});
+  time.advance(5700);
+  EXPECT_TRUE(pointer.seen());
+  time.advance(4600);
+  EXPECT_FALSE(pointer.seen());
+}
+
 TEST_F(MouseHideShowTest, AnUnmovedPointerHasRestedLongWhenHidingIsEnabledAnew) {
   time.setDate({2026, 1, 1, kDayMs / 2});
   startNow();
