@@ -50,7 +50,7 @@ std::string stateText(DatabaseState state, const std::string& used, const std::s
 
 std::string databaseNotice(const WorkingDatabase& database, const std::string& program) {
   const std::string first(fileNameOf(program));
-  const std::string text = stateText(database.state, std::string(fileNameOf(database.path)), first);
+  std::string text = stateText(database.state, std::string(fileNameOf(database.path)), first);
   if (!database.notConverted) return text;
   return first + " 没有转换，原因详见 Tessivo.log。" +
          (text.empty() ? "原有的文件没有改动。" : text);
