@@ -125,9 +125,8 @@ void frmMain::setMute(bool mute) {
 
 /// The picture has a border while the pointer is over it; its tag says which it has.
 void frmMain::checkHover() {
-  const WindowHandle picture = picJingFangYin.nativeHandle();
   const bool over =
-      picture != 0 && services_.windows.under(services_.pointer.position()) == picture;
+      services_.windows.isUnder(picJingFangYin.nativeHandle(), services_.pointer.position());
   if (over == (picJingFangYin.tag() == "1")) return;
   picJingFangYin.setTag(over ? "1" : "0");
   picJingFangYin.setBorder(over);

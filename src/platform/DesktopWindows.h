@@ -14,6 +14,8 @@ class DesktopWindows {
   virtual ~DesktopWindows() = default;
   /// The window that the mouse would reach at a point of the virtual screen, in pixels.
   virtual WindowHandle under(Point screen) const = 0;
+  /// Whether the mouse would reach that window there. Cheap where the point is far from it.
+  virtual bool isUnder(WindowHandle window, Point screen) const = 0;
   virtual WindowHandle parentOf(WindowHandle window) const = 0;
   virtual std::string classOf(WindowHandle window) const = 0;
   virtual std::string titleOf(WindowHandle window) const = 0;

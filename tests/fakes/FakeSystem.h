@@ -58,6 +58,9 @@ struct FakeDesktopWindows : DesktopWindows {
     lastPoint = screen;
     return underPoint;
   }
+  bool isUnder(WindowHandle window, Point screen) const override {
+    return window != 0 && under(screen) == window;
+  }
   WindowHandle parentOf(WindowHandle window) const override { return at(window).parent; }
   std::string classOf(WindowHandle window) const override { return at(window).windowClass; }
   std::string titleOf(WindowHandle window) const override { return at(window).title; }

@@ -22,6 +22,13 @@ WindowHandle Win32DesktopWindows::under(Point screen) const {
   return handle(WindowFromPoint({screen.x, screen.y}));
 }
 
+bool Win32DesktopWindows::isUnder(WindowHandle window, Point screen) const {
+  RECT area{};
+  // The place of a window of our own is known at once; what lies over it must be asked for.
+  return GetWindowRect(hwnd(window), &area) && PtInRect(&area, {screen.x, screen.y}) &&
+         under(screen) == window;
+}
+
 WindowHandle Win32DesktopWindows::parentOf(WindowHandle window) const {
   return handle(GetParent(hwnd(window)));
 }

@@ -8,6 +8,7 @@ namespace tessivo {
 class Win32DesktopWindows : public DesktopWindows {
  public:
   WindowHandle under(Point screen) const override;
+  bool isUnder(WindowHandle window, Point screen) const override;
   WindowHandle parentOf(WindowHandle window) const override;
   std::string classOf(WindowHandle window) const override;
   std::string titleOf(WindowHandle window) const override;

@@ -3,9 +3,10 @@
 namespace tessivo {
 
 void Win32MessageLoop::run() {
-  runWhile([] { return true; });
-  // The message that ended the loop must not end the next one.
+  // Half as many calls of the system a message as a loop that looks and waits.
   MSG message;
+  while (!quitting_ && GetMessageW(&message, nullptr, 0, 0) > 0) handle(message);
+  // The message that ended the loop must not end the next one.
   PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
   quitting_ = false;
 }

@@ -38,6 +38,14 @@ TEST_F(Win32DesktopWindowsTest, APointIsFoundOnTheScreenAndAWindowUnderIt) {
   EXPECT_EQ(windows.under({35, 45}), handle(form));
 }
 
+TEST_F(Win32DesktopWindowsTest, AWindowIsUnderAPointUnlessAnotherOneCoversItThere) {
+  EXPECT_TRUE(windows.isUnder(handle(child), {85, 55}));
+  EXPECT_FALSE(windows.isUnder(handle(form), {85, 55})) << "its child covers it";
+  EXPECT_TRUE(windows.isUnder(handle(form), {35, 45}));
+  EXPECT_FALSE(windows.isUnder(handle(child), {35, 45}));
+  EXPECT_FALSE(windows.isUnder(0, {35, 45}));
+}
+
 TEST_F(Win32DesktopWindowsTest, OneThatHasGoneGivesNothing) {
   constexpr WindowHandle kNone = 0xDEAD;
   EXPECT_EQ(windows.parentOf(kNone), 0U);
