@@ -676,6 +676,15 @@ TEST_F(AccessFileTest, AJournalThatIsLeftIsNotTakenForThatOfWhatIsPutInPlace) {
   EXPECT_EQ(contentOf(own + ".old-1-journal"), "of one that is gone");
 }
 
+TEST_F(AccessFileTest, WhatIsPutInPlaceOfADatabaseAloneKeepsIt) {
+  writeFile(own, "old");
+  writeFile(own + ".new", "new");
+  EXPECT_EQ(putInPlace(own + ".new", own, ".old-"), own + ".old-1");
+  EXPECT_EQ(contentOf(own), "new");
+  EXPECT_EQ(contentOf(own + ".old-1"), "old");
+  EXPECT_EQ(folder.fileCount(), 3U);
+}
+
 TEST_F(AccessFileTest, WhatCannotBePutInPlaceOfADatabaseChangesNothing) {
   writeFile(own, "old");
   EXPECT_THROW(putInPlace(folder.file("missing"), own, ".old-"), std::filesystem::filesystem_error);
