@@ -2,6 +2,7 @@
 #include "data/MoveIn.h"
 #include "data/PlayList.h"
 #include "data/SysConfig.h"
+#include "fakes/FaultyDisk.h"
 #include "fakes/KilledProcess.h"
 #include "fakes/VirtualTime.h"
 #include "unit/data/DataTestSupport.h"
@@ -326,6 +327,37 @@ TEST_F(KilledConversionTest, HasDoneAllOrNothing) {
     ASSERT_EQ(runSql(own, "select volume_value from sys"), std::vector<std::string>{"77"});
   }
   EXPECT_GT(changes, 20) << "too few moments";
+}
+
+/// The own database stays as it was, and when the disk is well again the conversion comes through,
+/// whatever was left behind.
+TEST_F(KilledConversionTest, OnADiskThatFailsHasDoneNothing) {
+  FaultyDisk disk;
+  storeAList(50);
+  prepareDatabase(own, log);
+  runSql(own, "insert into sys(volume_value) values(12)");
+  using enum FaultyDisk::Left;
+  int steps = 0;
+  for (bool happened = true; happened; steps += 4) {
+    SCOPED_TRACE(steps);
+    disk.failAt(steps + 1, FaultyDisk::Error::full, FaultyDisk::Lasts::untilMended);
+    convertDatabase(path, log);
+    happened = disk.happened();
+    disk.mend();
+    if (!happened) break;
+    ASSERT_EQ(runSql(own, "select volume_value from sys"), std::vector<std::string>{"12"});
+    ASSERT_FALSE(std::filesystem::exists(toFilePath(own + ".new")));
+    for (const auto left : {all, nothing, sectors}) {
+      disk.losePowerAt(steps + 1, left);
+      convertDatabase(path, log);
+      ASSERT_TRUE(disk.happened());
+      disk.powerOn();
+      ASSERT_EQ(runSql(own, "select volume_value from sys"), std::vector<std::string>{"12"});
+    }
+  }
+  EXPECT_GT(steps, 20) << "too few moments";
+  EXPECT_EQ(runSql(own, "select count(*) from play_list"), std::vector<std::string>{"50"});
+  EXPECT_EQ(runSql(own + ".old-1", "select volume_value from sys"), std::vector<std::string>{"12"});
 }
 
 // A file that cannot be opened now
