@@ -15,6 +15,7 @@
 #include "fakes/FakeAccounts.h"
 #include "fakes/FakeDisplays.h"
 #include "fakes/FakeEngines.h"
+#include "fakes/FakeLeaveWatch.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakePanel.h"
 #include "fakes/FakeSaverSystem.h"
@@ -86,6 +87,7 @@ struct World {
   CaughtWindows caughtWindows{windows, procedures};
   FakePointer pointer;
   FakeMessageLoop loop{trace};
+  FakeLeaveWatch leaveWatch;
   FakeShownWindows shownWindows;
   FakeThreadTimers threadTimers{timers};
   MTimer registry{threadTimers};
@@ -98,9 +100,9 @@ struct World {
   FakeSystemPower power{trace};
   FakeProcesses processes;
   FakeProcessToken token;
-  Controler controler{{keys, files, displays, pointer, loop, log, clock, windows, registry,
-                       shownWindows, caughtWindows, timers, idleInput, power, processes, token,
-                       "C:\\p"}};
+  Controler controler{{keys, files, displays, pointer, loop, leaveWatch, log, clock, windows,
+                       registry, shownWindows, caughtWindows, timers, idleInput, power, processes,
+                       token, "C:\\p"}};
   frmScreen screen{{toolkit, timers, displays, files, log, engines, windows, caughtWindows}};
 };
 

@@ -22,6 +22,7 @@
 #include "fakes/FakeDisplays.h"
 #include "fakes/FakeEngines.h"
 #include "fakes/FakeFileDialogs.h"
+#include "fakes/FakeLeaveWatch.h"
 #include "fakes/FakeLog.h"
 #include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeShell.h"
@@ -162,6 +163,7 @@ class Program {
   FakeTray tray_{trace_};
   NoToolkit none_;
   Loop loop_;
+  FakeLeaveWatch leaveWatch_;
   MovieKeys keys_{clock_};
   PlayList playList_{keys_};
   frmScreen screen_{{none_, timers_, displays_, files_, log_, engines_, windows_, caughtWindows_}};
@@ -169,9 +171,9 @@ class Program {
   FakeSystemPower power_{trace_};
   FakeProcesses processes_;
   FakeProcessToken token_;
-  Controler controler_{{keys_, files_, displays_, pointer_, loop_, log_, clock_, windows_, mtimer_,
-                        shownWindows_, caughtWindows_, timers_, idleInput_, power_, processes_,
-                        token_, "C:\\p"}};
+  Controler controler_{{keys_, files_, displays_, pointer_, loop_, leaveWatch_, log_, clock_,
+                        windows_, mtimer_, shownWindows_, caughtWindows_, timers_, idleInput_,
+                        power_, processes_, token_, "C:\\p"}};
   ui::Win32Toolkit toolkit_{TwipsPerPixel{}, log_};
   FakeFileDialogs fileDialogs_;
   FakeShell shell_;

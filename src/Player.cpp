@@ -1,6 +1,7 @@
 #include "Player.h"
 
 #include "app/StartUp.h"
+#include "platform/win32/CrashNote.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32OsVersion.h"
 
@@ -13,6 +14,7 @@ std::unique_ptr<FileLog> openLog(const ProgramPaths& paths, const Clock& clock) 
 }
 
 Ground::Ground() : paths(formProgramPaths(programFolder())), log(openLog(paths, clock)) {
+  noteCrashes(log->path());
   loop.setFilter([](MSG& message) { return ui::Win32Toolkit::translate(message); });
 }
 
@@ -22,8 +24,8 @@ Player::Player(Ground& with, const EngineChoices& choices)
       engines(choices, log),
       aimMonitor(with.displays),
       keys(with.clock),
-      controler({keys, files, with.displays, pointer, with.loop, log, with.clock, windows,
-                 timerRegistry, shownWindows, caughtWindows, with.timers, idleInput, power,
+      controler({keys, files, with.displays, pointer, with.loop, with.leaveWatch, log, with.clock,
+                 windows, timerRegistry, shownWindows, caughtWindows, with.timers, idleInput, power,
                  processes, token, with.paths.programFolder}),
       screen(
           {with.toolkit, with.timers, with.displays, files, log, engines, windows, caughtWindows}),

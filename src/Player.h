@@ -17,6 +17,7 @@
 #include "panel/frmHide.h"
 #include "panel/frmMain.h"
 #include "platform/FileLog.h"
+#include "platform/LimitedLog.h"
 #include "platform/win32/Win32Accounts.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32DesktopWindows.h"
@@ -25,6 +26,7 @@
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32HiddenWinProc.h"
 #include "platform/win32/Win32IdleInput.h"
+#include "platform/win32/Win32LeaveWatch.h"
 #include "platform/win32/Win32MessageLoop.h"
 #include "platform/win32/Win32Pointer.h"
 #include "platform/win32/Win32ProcessToken.h"
@@ -69,10 +71,11 @@ std::unique_ptr<FileLog> openLog(const ProgramPaths& paths, const Clock& clock);
 struct Ground {
   Ground();
 
-  const ComApartment apartment;
   const Win32Clock clock;
   ProgramPaths paths;
   const std::unique_ptr<FileLog> log;
+  Win32LeaveWatch leaveWatch{*log};  // also of the apartment's end
+  const ComApartment apartment;
   const Win32Displays displays;
   Win32MessageLoop loop;
   Win32TimerService timers{*log};
@@ -111,8 +114,9 @@ struct Player {
   Win32FileDialogs fileDialogs{log};
   Win32Shell shell{log};
   Win32SharedMemory sharedMemory;
-  CommandLine commandLines{controler, sharedMemory, log};
-  RequestReceiver requests{controler, commandLines, log};
+  LimitedLog requestLog{log, ground.clock};
+  CommandLine commandLines{controler, sharedMemory, requestLog};
+  RequestReceiver requests{controler, commandLines, requestLog};
   Win32HiddenWinProc hiddenWinProc{log};
   Win32TrayIcons trayIcons;
   ExitQuestion exitQuestion;

@@ -114,10 +114,12 @@ void Controler::exitSys() {
   if (panel_) {
     for (const LeavingStep step :
          {&Controler::hearNobody, &Controler::finishWork, &Controler::saveResumePoint,
-          &Controler::takeFormsDown, &Controler::saveSettings, &Controler::savePlayList}) {
+          &Controler::takeFormsDown, &Controler::watchNoMore, &Controler::saveSettings,
+          &Controler::savePlayList}) {
       attempt(step);
     }
   }
+  services_.leaveWatch.arm(kLongestEndMs, {});
   for (const LeavingStep step :
        {&Controler::stopGuard, &Controler::endScreenSavers, &Controler::dropPrivileges}) {
     attempt(step);
@@ -182,7 +184,20 @@ void Controler::dropPrivileges() {
   setRegPrivilege_.boolUnEnablePrivilege(ignored);
 }
 
+/// While they are taken down, on another thread: nobody may turn a message loop there, and the
+/// sleep that was kept off ends with the process.
+void Controler::saveWithoutForms() {
+  if (!config_.boolSaveData()) {
+    services_.log.error("settings not saved: " + config_.strReport());
+  }
+  if (config_.boolSavePlayList() && !playList_->boolSavePlayListToPLDB()) {
+    services_.log.error("playlist not saved: " + playList_->strReport());
+  }
+  if (m_objScreenSaveAndPower_) m_objScreenSaveAndPower_->OpenScreenSave();
+}
+
 void Controler::takeFormsDown() {
+  services_.leaveWatch.arm(kLongestEndMs, [this] { saveWithoutForms(); });
   connections_.clear();
   screen_->leave();
   panel_->hideAndUnloadFace();

@@ -14,6 +14,7 @@
 #include "data/RunParameter.h"
 #include "data/SysConfig.h"
 #include "platform/Files.h"
+#include "platform/LeaveWatch.h"
 #include "platform/Log.h"
 #include "platform/MessageLoop.h"
 #include "platform/Pointer.h"
@@ -35,6 +36,7 @@ struct ControlerServices {
   const Displays& displays;
   Pointer& pointer;
   MessageLoop& loop;
+  LeaveWatch& leaveWatch;
   Log& log;
   const Clock& clock;
   const DesktopWindows& windows;
@@ -73,10 +75,13 @@ class Controler {
   /// The references, once the forms are there. From here on the controller hears the playback
   /// window's events.
   void setReferences(TrayFace& frmHide, PanelFace& frmMain, frmScreen& screen, PlayList& playList);
+  static constexpr int kLongestEndMs = 5000;
   /// The only way out: completes the additions under way, saves, takes the forms down and ends the
-  /// message loop. What those additions were to play is not started: the resume point is that of
-  /// the item that played. A second call, from an event inside the first, does nothing. Before the
-  /// references are set there is nothing to save: the loop ends as soon as it begins.
+  /// message loop. Forms or engines that hang while they are taken down are given kLongestEndMs;
+  /// everything is saved all the same, and the process ends by force. What those additions were to
+  /// play is not started: the resume point is that of the item that played. A second call, from an
+  /// event inside the first, does nothing. Before the references are set there is nothing to save:
+  /// the loop ends as soon as it begins.
   void exitSys();
   /// Whether the program is about to end.
   bool leaves() const { return exiting_; }
@@ -195,6 +200,8 @@ class Controler {
   void finishWork();
   void saveResumePoint();
   void takeFormsDown();
+  void watchNoMore() { services_.leaveWatch.disarm(); }
+  void saveWithoutForms();
   bool savePatiently(const std::function<bool()>& save);
   void saveSettings();
   void savePlayList();

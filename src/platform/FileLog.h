@@ -24,6 +24,7 @@ class FileLog : public Log {
   FileLog(const std::string& path, const Clock& clock, std::uintmax_t sizeLimit = kSizeLimit);
 
   bool isOpen() const { return file_.is_open(); }
+  const std::filesystem::path& path() const { return path_; }
   void info(std::string_view text) override { write("info", text); }
   void error(std::string_view text) override { write("error", text); }
 

@@ -11,6 +11,7 @@
 
 #include "fakes/FakeAccounts.h"
 #include "fakes/FakeDisplays.h"
+#include "fakes/FakeLeaveWatch.h"
 #include "fakes/FakeNotificationArea.h"
 #include "fakes/FakeRegistry.h"
 #include "fakes/FakeSaverSystem.h"
@@ -134,6 +135,7 @@ class World {
   FakeHiddenWinProc winProc{trace};
   WalkFileDialogs fileDialogs;
   WalkLoop loop;
+  FakeLeaveWatch leaveWatch;
 
   std::deque<std::string> notes;  ///< what happened last
   std::size_t notesKept = 60;

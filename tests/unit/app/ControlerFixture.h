@@ -3,6 +3,7 @@
 #include "app/Controler.h"
 #include "data/PrepareDatabase.h"
 #include "fakes/FakeAccounts.h"
+#include "fakes/FakeLeaveWatch.h"
 #include "fakes/FakePanel.h"
 #include "fakes/FakeSaverSystem.h"
 #include "fakes/FakeThreadTimers.h"
@@ -50,6 +51,7 @@ class ControlerFixture : public ScreenFixture {
   MovieKeys keys{time};
   FakePointer pointer;
   FakeMessageLoop loop{trace};
+  FakeLeaveWatch leaveWatch;
   PlayList playList{keys};
   FakePanel panel{trace};
   FakeTray tray{trace};
@@ -60,7 +62,7 @@ class ControlerFixture : public ScreenFixture {
   FakeSystemPower power{trace};
   FakeProcesses processes;
   FakeProcessToken token;
-  Controler controler{{keys, files, displays, pointer, loop, log, time, windows, timers,
+  Controler controler{{keys, files, displays, pointer, loop, leaveWatch, log, time, windows, timers,
                        shownWindows, caughtWindows, time, idleInput, power, processes, token,
                        "C:\\p"}};
 };
