@@ -10,7 +10,8 @@ namespace tessivo {
 class Files {
  public:
   virtual ~Files() = default;
-  /// Whether the path names an existing file (not a folder). Any error means no.
+  /// Whether the path names an existing file (not a folder). Any error means no. A file system that
+  /// does not answer at once means yes: whoever opens the file finds out, and need not wait here.
   virtual bool fileExists(const std::string& path) const = 0;
   /// The names, without the folder, of the files in a folder, in the order in which the system
   /// lists them; folders are not among them. Nothing when the folder cannot be read.

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/FileRoot.h"
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo {
@@ -34,7 +35,12 @@ std::optional<std::wstring> usable(const std::string& path) {
 bool Win32Files::fileExists(const std::string& path) const {
   const auto wide = usable(path);
   if (!wide) return false;
-  const DWORD attributes = GetFileAttributesW(wide->c_str());
+  return answers_.ask(rootOf(path), [ask = ask_, file = *wide] { return ask(file); })
+      .value_or(true);
+}
+
+bool Win32Files::isFile(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 

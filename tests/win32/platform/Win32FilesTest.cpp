@@ -98,6 +98,29 @@ TEST_F(Win32FilesTest, WhatIsNoPathIsNoFile) {
   EXPECT_FALSE(files.fileExists(plain(path) + "\\"));
 }
 
+TEST_F(Win32FilesTest, AShareThatDoesNotAnswerIsBelievedToHaveTheFile) {
+  const HANDLE answers = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  const HANDLE asked = CreateSemaphoreW(nullptr, 0, 100, nullptr);
+  {
+    const Win32Files stalling([=](const std::wstring& path) {
+      if (!path.starts_with(LR"(\\dead)")) return Win32Files::isFile(path);
+      ReleaseSemaphore(asked, 1, nullptr);
+      WaitForSingleObject(answers, INFINITE);
+      return false;
+    });
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_TRUE(stalling.fileExists(R"(\\dead\share\a.avi)"));
+    EXPECT_GE(GetTickCount64() - start, 90U);
+    const ULONGLONG again = GetTickCount64();
+    for (int i = 0; i < 1000; ++i) EXPECT_TRUE(stalling.fileExists(R"(\\DEAD/share\b.avi)"));
+    EXPECT_LT(GetTickCount64() - again, 90U);
+    EXPECT_EQ(WaitForSingleObject(asked, 0), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(asked, 0), DWORD{WAIT_TIMEOUT});  // once
+    EXPECT_FALSE(stalling.fileExists(plain(root()) + "\\none"));
+  }
+  SetEvent(answers);
+}
+
 using Names = std::vector<std::string>;
 
 TEST_F(Win32FilesTest, FilesOfAFolderInTheSystemsOrder) {
