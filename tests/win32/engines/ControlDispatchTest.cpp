@@ -1,5 +1,7 @@
 #include "screen/engines/control/ControlDispatch.h"
 
+#include <stdexcept>
+
 #include "win32/engines/TestControlStage.h"
 
 namespace tessivo {
@@ -30,6 +32,14 @@ TEST_F(ControlDispatchTest, SaysWhetherACallSucceeded) {
   ControlDispatch dispatch("it", object.get(), log);
   EXPECT_TRUE(dispatch.call(257));
   EXPECT_FALSE(dispatch.call(9999));
+}
+
+TEST_F(ControlDispatchTest, ACallThatThrowsHasFailed) {
+  control->during([](void*, DISPID) { throw std::runtime_error("a control"); }, nullptr);
+  ControlDispatch dispatch("it", object.get(), log);
+  EXPECT_FALSE(dispatch.call(257));
+  EXPECT_EQ(dispatch.get(261).type(), VT_EMPTY);
+  EXPECT_FALSE(dispatch.put(102, Variant(std::wstring(L"C:\\a.mp3"))));
 }
 
 TEST_F(ControlDispatchTest, SetsAPropertyAsAProperty) {

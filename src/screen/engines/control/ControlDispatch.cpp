@@ -5,6 +5,19 @@
 #include <utility>
 
 namespace tessivo {
+namespace {
+
+/// A control must not throw; one that does has failed, and the other engine has its turn.
+template <typename Call>
+HRESULT outcomeOf(Call call) {
+  try {
+    return call();
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}
+
+}  // namespace
 
 ControlDispatch::ControlDispatch(std::string name, IUnknown* control, Log& log)
     : failures_(std::make_shared<MemberFailures>(std::move(name), log)),
@@ -40,8 +53,10 @@ bool ControlDispatch::invoke(DISPID member, WORD flags, DISPPARAMS& parameters, 
   const auto control = control_;
   const auto failures = failures_;
   if (!control) return false;
-  const HRESULT outcome = control->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                          result, nullptr, nullptr);
+  const HRESULT outcome = outcomeOf([&] {
+    return control->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result,
+                           nullptr, nullptr);
+  });
   return failures->succeeded(outcome, "member " + std::to_string(member));
 }
 

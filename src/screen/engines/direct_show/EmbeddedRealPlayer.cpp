@@ -132,7 +132,7 @@ EmbeddedRealPlayer::Attempt EmbeddedRealPlayer::begin(const std::string& source,
     return false;  // the renderer draws over the black
   });
   picture->onFrame([this, serial] { pictureArrived(serial); });
-  AttemptThread::start(graph);
+  closing_.start(graph);
   return {.source = source, .graph = std::move(graph), .picture = std::move(picture)};
 }
 

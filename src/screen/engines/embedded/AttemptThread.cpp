@@ -21,10 +21,14 @@ void AttemptThread::start(const std::shared_ptr<AttemptThread>& attempt) {
     // Detached: a thread that hangs in a driver must not keep the program from ending.
     std::thread([attempt] { attempt->runToTheEnd(); }).detach();
   } catch (const std::system_error&) {
-    attempt->post(EngineEvent::failed, E_OUTOFMEMORY);
-    SetEvent(attempt->closed_);
-    attempt->post(EngineEvent::closed);
+    attempt->refuse(E_OUTOFMEMORY);
   }
+}
+
+void AttemptThread::refuse(HRESULT reason) const {
+  post(EngineEvent::failed, reason);
+  SetEvent(closed_);
+  post(EngineEvent::closed);
 }
 
 void AttemptThread::post(EngineEvent event, std::int32_t value) const {
@@ -33,7 +37,12 @@ void AttemptThread::post(EngineEvent event, std::int32_t value) const {
 
 void AttemptThread::runToTheEnd() {
   const bool com = SUCCEEDED(CoInitializeEx(nullptr, COINIT_MULTITHREADED));
-  run();
+  try {
+    run();
+  } catch (...) {
+    // A codec's, or no memory: of all that the file of this attempt is the least loss.
+    post(EngineEvent::failed, E_FAIL);
+  }
   if (com) CoUninitialize();
   SetEvent(closed_);
   post(EngineEvent::closed);

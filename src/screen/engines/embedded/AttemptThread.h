@@ -22,6 +22,8 @@ class AttemptThread {
 
   /// Starts the thread of a new attempt; without a thread the attempt fails and is closed.
   static void start(const std::shared_ptr<AttemptThread>& attempt);
+  /// Instead of starting it: the new attempt has failed and is closed.
+  void refuse(HRESULT reason) const;
 
   /// Gives the attempt up. Returns at once; `closed` follows. May be repeated.
   virtual void close() = 0;
@@ -32,7 +34,7 @@ class AttemptThread {
 
  protected:
   AttemptThread(HWND engineWindow, WPARAM serial);
-  /// The thread's work, in the multithreaded apartment. Never throws.
+  /// The thread's work, in the multithreaded apartment. When it throws, the attempt has failed.
   virtual void run() = 0;
   void post(EngineEvent event, std::int32_t value = 0) const;
 

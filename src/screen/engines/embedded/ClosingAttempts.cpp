@@ -1,5 +1,6 @@
 #include "screen/engines/embedded/ClosingAttempts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tessivo {
@@ -22,7 +23,19 @@ bool waitServingSentMessages(HANDLE signal, ULONGLONG deadline) {
 void ClosingAttempts::add(std::shared_ptr<AttemptThread> attempt,
                           std::unique_ptr<PictureWindow> picture) {
   attempt->close();
-  entries_.push_back({std::move(attempt), std::move(picture)});
+  entries_.push_back({std::move(attempt), std::move(picture), now_()});
+}
+
+bool ClosingAttempts::tooManyHang() const {
+  if (entries_.size() >= kMost) return true;
+  const ULONGLONG now = now_();
+  const auto hangs = [now](const Entry& entry) { return now - entry.since >= kHangsAfterMs; };
+  return static_cast<std::size_t>(std::ranges::count_if(entries_, hangs)) >= kMostHanging;
+}
+
+void ClosingAttempts::start(const std::shared_ptr<AttemptThread>& attempt) const {
+  if (tooManyHang()) return attempt->refuse(kTooManyHang);
+  AttemptThread::start(attempt);
 }
 
 void ClosingAttempts::closed(WPARAM serial) {

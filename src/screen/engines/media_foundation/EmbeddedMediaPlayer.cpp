@@ -157,7 +157,7 @@ EmbeddedMediaPlayer::Attempt EmbeddedMediaPlayer::begin(const std::string& url, 
     return painter && painter->paint(dc);
   });
   picture->onFrame([this, serial] { pictureArrived(serial); });
-  AttemptThread::start(presentation);
+  closing_.start(presentation);
   return {.url = url, .presentation = std::move(presentation), .picture = std::move(picture)};
 }
 

@@ -1,6 +1,7 @@
 #include "screen/engines/media_foundation/PlaybackTopology.h"
 
 #include <mfapi.h>
+#include <mmdeviceapi.h>
 
 #include "screen/engines/embedded/RunsOnWine.h"
 
@@ -29,6 +30,17 @@ ComPtr<IMFActivate> videoRenderer(IMFStreamDescriptor* stream, HWND picture,
     MFCreateVideoRendererActivate(picture, renderer.put());
   }
   return renderer;
+}
+
+/// Without one a session of Wine that was refused its sound cannot be used any more.
+bool soundDeviceIsThere() {
+  ComPtr<IMMDeviceEnumerator> devices;
+  if (FAILED(CoCreateInstance(__uuidof(MMDeviceEnumerator), nullptr, CLSCTX_INPROC_SERVER,
+                              __uuidof(IMMDeviceEnumerator), devices.putVoid()))) {
+    return true;  // the renderer will find out
+  }
+  ComPtr<IMMDevice> device;
+  return SUCCEEDED(devices->GetDefaultAudioEndpoint(eRender, eMultimedia, device.put()));
 }
 
 ComPtr<IMFActivate> audioRenderer() {
@@ -71,7 +83,7 @@ PlaybackTopology playbackTopology(IMFMediaSource* source, IMFPresentationDescrip
     const GUID type = majorTypeOf(stream.get());
     const bool sound = type == MFMediaType_Audio;
     bool used = false;
-    if (selected && (sound ? withSound : type == MFMediaType_Video)) {
+    if (selected && (sound ? withSound && soundDeviceIsThere() : type == MFMediaType_Video)) {
       const auto renderer =
           sound ? audioRenderer() : videoRenderer(stream.get(), picture, result.grabbed);
       used =
