@@ -1,8 +1,45 @@
 #include "screen/FullScreenPlacement.h"
 
+#include <algorithm>
+
+#include "base/Rounding.h"
 #include "base/Twips.h"
 
 namespace tessivo {
+namespace {
+
+std::vector<DisplayInfo> monitorsOf(const Displays& displays) {
+  std::vector<DisplayInfo> monitors;
+  for (const MonitorHandle monitor : displays.enumerate()) {
+    if (auto info = displays.info(monitor)) monitors.push_back(std::move(*info));
+  }
+  return monitors;
+}
+
+bool touch(const Rect& a, const Rect& b) {
+  return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
+         b.top < a.top + a.height;
+}
+
+bool isSeen(const Rect& window, const std::vector<DisplayInfo>& monitors) {
+  return std::ranges::any_of(
+      monitors, [&](const DisplayInfo& monitor) { return touch(window, monitor.monitor); });
+}
+
+/// The placement where it can be seen, else the middle of the primary monitor.
+Rect seen(const Rect& placement, const std::vector<DisplayInfo>& monitors) {
+  if (isSeen(placement, monitors)) return placement;
+  const auto primary = std::ranges::find_if(monitors, &DisplayInfo::isPrimary);
+  return middleOf((primary == monitors.end() ? monitors.front() : *primary).monitor);
+}
+
+}  // namespace
+
+Rect middleOf(const Rect& primary) {
+  const auto rounded = [](double pixels) { return roundedToInt32(pixels).value_or(0); };
+  return {primary.left + rounded(primary.width / 8.0), primary.top + rounded(primary.height / 8.0),
+          rounded(primary.width * 3 / 4.0), rounded(primary.height * 3 / 4.0)};
+}
 
 void showTitleBar(ui::Form& form, bool show) {
   const Rect outer = form.windowRect();
@@ -41,6 +78,7 @@ void FullScreenPlacement::enter() {
   showTitleBar(form_, false);
   place(max_);
   covered_ = max_;
+  coveredName_.clear();
   form_.setTopmost(true);
 }
 
@@ -52,12 +90,29 @@ void FullScreenPlacement::leave() {
 }
 
 void FullScreenPlacement::hold(const Displays& displays) {
-  if (!maxSize_ || form_.windowState() != ui::WindowState::normal) return;
-  if (form_.windowRect() == covered_) return;
-  for (const MonitorHandle monitor : displays.enumerate()) {
-    const auto info = displays.info(monitor);
-    if (info && info->monitor == covered_) return place(covered_);
+  if (form_.windowState() != ui::WindowState::normal) return;
+  const std::vector<DisplayInfo> monitors = monitorsOf(displays);
+  if (monitors.empty()) return;  // the session is somewhere else
+  maxSize_ ? holdOver(monitors) : holdVisible(monitors);
+}
+
+/// The monitor keeps its name when it moves or changes its size, and its place when it is plugged
+/// in again under another name.
+void FullScreenPlacement::holdOver(const std::vector<DisplayInfo>& monitors) {
+  auto monitor = std::ranges::find(monitors, covered_, &DisplayInfo::monitor);
+  if (monitor != monitors.end()) {
+    coveredName_ = monitor->name;
+  } else if (!coveredName_.empty()) {
+    monitor = std::ranges::find(monitors, coveredName_, &DisplayInfo::name);
   }
+  const Rect wanted = monitor == monitors.end() ? seen(normal_, monitors) : monitor->monitor;
+  if (form_.windowRect() != wanted) place(wanted);
+}
+
+void FullScreenPlacement::holdVisible(const std::vector<DisplayInfo>& monitors) {
+  const Rect window = form_.windowRect();
+  if (window.width <= 0 || window.height <= 0) return;
+  if (!isSeen(window, monitors)) place(seen(window, monitors));
 }
 
 void FullScreenPlacement::place(const Rect& pixels) {

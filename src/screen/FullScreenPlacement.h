@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "base/Geometry.h"
 #include "platform/Displays.h"
@@ -11,6 +13,10 @@ namespace tessivo {
 /// Adds or removes the frame of a form (caption, system menu, sizing frame, boxes); the outer size
 /// becomes the former inner size.
 void showTitleBar(ui::Form& form, bool show);
+
+/// Three quarters of the primary monitor, in its middle: where the window stands first, and where
+/// its own place is on no monitor any more. Pixels.
+Rect middleOf(const Rect& primary);
 
 /// The two placements of the playback window: an ordinary captioned window, or borderless over one
 /// whole monitor. The geometry is in pixels; full screen never uses an engine's own.
@@ -29,11 +35,15 @@ class FullScreenPlacement {
   const Rect& normal() const { return normal_; }
   void setNormal(const Rect& pixels) { normal_ = pixels; }
 
-  /// Moves a full-screen window back over its monitor when something has moved it, as long as that
-  /// monitor is there.
+  /// Keeps the window where it is to be seen. In full screen that is over its monitor, also when
+  /// something has moved the window or the monitor has another place or size now. While that
+  /// monitor is unplugged it is the normal placement, without a frame; when the monitor is back the
+  /// picture is, too. A window that is on no monitor goes to the middle of the primary one.
   void hold(const Displays& displays);
 
  private:
+  void holdOver(const std::vector<DisplayInfo>& monitors);
+  void holdVisible(const std::vector<DisplayInfo>& monitors);
   void enter();
   void leave();
   void place(const Rect& pixels);
@@ -41,7 +51,8 @@ class FullScreenPlacement {
   ui::Form& form_;
   bool maxSize_ = false;
   Rect max_;
-  Rect covered_;  ///< what the present full screen covers; `max_` may be the next one's
+  Rect covered_;  ///< the monitor of the present full screen; `max_` may be the next one's
+  std::string coveredName_;  ///< its name, once it has been seen
   Rect normal_;
 };
 

@@ -212,9 +212,7 @@ void setInitialGeometry(frmScreen& screen, AimMonitor& target, const Displays& d
                        target.Width().value_or(0), target.Height().value_or(0)});
   }
   const Rect primary = displays.primaryScreen();
-  const auto rounded = [](double pixels) { return roundedToInt32(pixels).value_or(0); };
-  screen.setNormal({rounded(primary.width / 8.0), rounded(primary.height / 8.0),
-                    rounded(primary.width * 3 / 4.0), rounded(primary.height * 3 / 4.0)});
+  screen.setNormal(middleOf(primary));
 }
 
 }  // namespace tessivo

@@ -68,6 +68,7 @@ TEST_F(ControlerScreenSaverTest, BeforeTheFirstReportTheWindowIsWhereItCameUp) {
 
 TEST_F(ControlerScreenSaverTest, TheProgramIsToldWhetherThePictureIsFullScreenAndItsTitle) {
   start();
+  displays.add({1280, -40, 1920, 1080});
   screen.setMaximum({1280, -40, 1920, 1080});
   screen.boolMaxSize(true);
   screen.setCaption("a.avi");

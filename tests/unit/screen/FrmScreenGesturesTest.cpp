@@ -267,13 +267,6 @@ TEST_F(MovedFullScreenTest, IsBackOverItsMonitorWithTheNextReport) {
   EXPECT_EQ(reports, (std::vector<Rect>{{1280, 0, 1920, 1080}}));
 }
 
-TEST_F(MovedFullScreenTest, StaysWhereTheSystemPutItWhenTheMonitorIsGone) {
-  moveAway();
-  displays.remove(displays.enumerate().back());
-  time.advance(2000);
-  EXPECT_EQ(screen.bounds(), elsewhere);
-}
-
 TEST_F(MovedFullScreenTest, AnOrdinaryWindowMayBeMoved) {
   moveAway();
   screen.boolMaxSize(false);
