@@ -89,6 +89,7 @@ HRESULT Control::activate(HWND parent, const RECT& area) {
 
 HRESULT Control::Close(DWORD) {
   memory().record.add("close");
+  if (script_ && script_->neverCloses()) Sleep(INFINITE);
   deactivate();
   return S_OK;
 }

@@ -16,6 +16,10 @@ namespace tessivo::test_control {
 ///   error        contacting at once, the error message 200 ms after
 ///   fail         every call fails
 ///   silent       every call succeeds, nothing is ever told
+///   stuck        plays for ever; once it has, it never comes back from being closed
+///   throw        the call that plays throws a C++ exception through the interface
+///   crash        contacting at once, an access violation in the control's message 300 ms after
+///   crash-thread the same on a thread of the control's own
 class Script {
  public:
   /// How often `tick` wants to be called.
@@ -37,6 +41,7 @@ class Script {
   static std::unique_ptr<Script> fromEnvironment(Stage& stage);
 
   bool failsEveryCall() const { return part_ == "fail"; }
+  bool neverCloses() const { return part_ == "stuck" && hasPlayed_; }
   bool hasPictureFromTheStart() const { return part_ != "play"; }
   bool isActive() const { return state_ != kStopped; }
   std::int32_t lengthMs() const { return part_ == "play" ? lengthMs_ : 0; }
@@ -60,6 +65,7 @@ class Script {
   std::int32_t state_ = kStopped;
   std::int32_t sincePlayMs_ = 0;
   std::int32_t positionMs_ = 0;
+  bool hasPlayed_ = false;
 };
 
 }  // namespace tessivo::test_control

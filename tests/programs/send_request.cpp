@@ -10,6 +10,10 @@
 //   send           send the request: "answer R after N ms", or "no answer" and the error
 //   send-both TEXT send the request and, without waiting for the answer, one with that text
 //   flood N        send it N times without a pause; says how many were answered
+//   hammer N MS    from N threads at once, each without a pause, for so long: "sent K in MS ms"
+//   slowest MS     for so long, every 5 ms, something that the window's thread answers at once when
+//   it
+//                  is free: "slowest answer N ms"
 //   post           post the message instead, which the system refuses
 //   wait           until the window is there (60 s); looks for it without a pause
 //   pause N        do nothing for N milliseconds
@@ -23,6 +27,7 @@
 #include <tlhelp32.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -144,6 +149,36 @@ void flood() {
   std::printf("answered %lu of %lu\n", answered, count);
 }
 
+void hammer() {
+  const HWND window = receiver();
+  const DWORD count = nextNumber();
+  const DWORD ms = nextNumber();
+  const ULONGLONG begin = GetTickCount64();
+  std::atomic<int> sent = 0;
+  std::vector<std::thread> senders;
+  for (DWORD i = 0; i < count; ++i) {
+    senders.emplace_back([&] {
+      while (GetTickCount64() - begin < ms) sent += ask(window, request).isThere ? 1 : 0;
+    });
+  }
+  for (std::thread& sender : senders) sender.join();
+  std::printf("sent %d in %d ms\n", sent.load(), static_cast<int>(GetTickCount64() - begin));
+}
+
+void slowest() {
+  const HWND window = receiver();
+  const DWORD ms = nextNumber();
+  const ULONGLONG begin = GetTickCount64();
+  ULONGLONG worst = 0;
+  for (ULONGLONG now = begin; now - begin < ms; now = GetTickCount64()) {
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &ignored);
+    worst = std::max(worst, GetTickCount64() - now);
+    Sleep(5);
+  }
+  std::printf("slowest answer %d ms\n", static_cast<int>(worst));
+}
+
 void post() {
   std::vector<unsigned char> bytes = bytesOf(request, 0);
   COPYDATASTRUCT data{request.number, static_cast<DWORD>(bytes.size()), bytes.data()};
@@ -252,6 +287,8 @@ void carryOut(const std::wstring& command) {
       {L"send", [] { print(ask(receiver(), request)); }},
       {L"send-both", sendBoth},
       {L"flood", flood},
+      {L"hammer", hammer},
+      {L"slowest", slowest},
       {L"post", post},
       {L"wait", waitForWindow},
       {L"pause", [] { Sleep(nextNumber()); }},
