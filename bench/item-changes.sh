@@ -6,7 +6,7 @@
 #                                   for each engine alone. PLAYER_PROGRAMS names the folder of the
 #                                   program and of tests/make_playlist.exe (build/x64)
 #
-# Runs on virtual monitors under Wine. Prints a line an engine.
+# Runs on virtual monitors under Wine. Prints a table with a line an engine.
 set -euo pipefail
 if [[ ${1:-} == -* ]]; then
   sed -n '2,/^set/s/^# \{0,1\}//p' "$0" >&2
@@ -14,12 +14,10 @@ if [[ ${1:-} == -* ]]; then
 fi
 items=${1:-30}
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-# shellcheck source=tools/desktop
-source tools/desktop
-# shellcheck source=tools/player
-source tools/player
-PLAYER_NAME=item-changes
-folder=build/item-changes
+# shellcheck source=bench/common.sh
+source bench/common.sh
+PLAYER_NAME=bench-item-changes
+folder=build/bench-item-changes
 clips=$folder-clips
 seconds=2
 
@@ -59,7 +57,7 @@ measure() {
   sleep 1
   player_drive play
   wait "$watcher"
-  echo "$1: $(tail -n 1 "$folder/$2.txt"); load $(cut -d ' ' -f 1 /proc/loadavg)"
+  row "$1" "$(tail -n 1 "$folder/$2.txt")"
   player_drive close
   player_end
 }
@@ -69,5 +67,7 @@ desktop_start right
 sound_start
 trap 'player_end; desktop_stop' EXIT
 player_end
+row "engine" "changes"
+row --- ---
 measure "Media Foundation" 3
 measure "DirectShow" 2
