@@ -44,7 +44,7 @@ player_wine cmd /c exit  # Wine's services run from here on
 row "items" "panel shown, ms" "left and saved, ms" "memory, MB" "at most, MB"
 row --- --- --- --- ---
 for items in "${sizes[@]}"; do
-  : >"$folder/shown" >"$folder/left"
+  rm -f "$folder"/{shown,left}
   for ((i = 0; i < times; ++i)); do
     fill "$items"
     bench/first_sight.py 'Tessivo 泰思维' - - 60 tools/wine-run --name "$PLAYER_NAME" --keep \

@@ -32,7 +32,7 @@ player_end
 # Keeps Wine's services alive between two starts.
 player_wine "$programs/empty_window.exe" 3000 &
 sleep 5
-: >"$folder/empty" >"$folder/panel" >"$folder/picture"
+rm -f "$folder"/{empty,panel,picture}
 for ((i = 0; i < times; ++i)); do
   # The title has the seconds: it is not the one that stays.
   read -r window _ < <(bench/first_sight.py 'empty window 2' - - 20 "${under_wine[@]}" \
