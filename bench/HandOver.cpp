@@ -1,6 +1,6 @@
 // How long it takes until a file that a second start of the player hands over is in the list of the
-// first, as the user sees it, beside what the second start itself takes and what Windows takes to
-// start and end a program that does nothing.
+// first, as the user sees it, beside what the second start itself takes, and what a program takes
+// that does nothing and one that sends an empty message.
 //
 //   hand_over_bench PLAYER FILE [TIMES]     20 times unless said
 //
@@ -90,25 +90,14 @@ class Times {
   std::vector<double> all_;
 };
 
-void measureNothing(int times) {
-  const std::wstring program = toWide(programFolder()) + L"\\hand_over_nothing.exe";
+void measureRun(const std::wstring& program, int times, const char* what) {
   Times whole;
   for (int i = 0; i < times; ++i) {
     const auto begin = Now::now();
     Process(program, L"").waitForEnd();
     whole.add(millisecondsSince(begin));
   }
-  whole.report("a program that does nothing: start to end");
-}
-
-void measureShow(const std::wstring& player, int times) {
-  Times whole;
-  for (int i = 0; i < times; ++i) {
-    const auto begin = Now::now();
-    Process(player, L"").waitForEnd();
-    whole.add(millisecondsSince(begin));
-  }
-  whole.report("a second start without a file: start to end");
+  whole.report(what);
 }
 
 void measureFile(const std::wstring& player, const std::wstring& file, int times) {
@@ -133,8 +122,12 @@ void run(const std::wstring& player, const std::wstring& file, int times) {
   const Process first(player, L"");
   until("the panel", [] { return IsWindowVisible(PanelWindow::find()) != FALSE; });
   std::printf("%-52s %8s %8s %8s\n", "milliseconds", "least", "median", "most");
-  measureNothing(times);
-  measureShow(player, times);
+  const std::wstring folder = toWide(programFolder());
+  measureRun(folder + L"\\hand_over_nothing.exe", times,
+             "a program that does nothing: start to end");
+  measureRun(folder + L"\\hand_over_message.exe", times,
+             "one that sends an empty message: start to end");
+  measureRun(player, times, "a second start without a file: start to end");
   measureFile(player, file, times);
   PostMessageW(FindWindowW(nullptr, L"play27182831415"), WM_CLOSE, 0, 0);
   first.waitForEnd();
