@@ -39,6 +39,14 @@ class MediaFoundation : public EngineStage {
     player->play();
     ASSERT_TRUE(waitForTrace("state 3")) << name;
   }
+  /// Of a film, which can be deleted when nobody holds it.
+  void playACopy() {
+    std::filesystem::copy_file(wide(media("film.avi")), copy,
+                               std::filesystem::copy_options::overwrite_existing);
+    player->setUrl(copy.string());
+    player->play();
+    ASSERT_TRUE(waitForTrace("state 3"));
+  }
   bool waitForPosition(double from, double to) {
     return waitFor([&] {
       const double position = player->currentPosition();
@@ -47,6 +55,8 @@ class MediaFoundation : public EngineStage {
   }
 
   std::unique_ptr<EmbeddedMediaPlayer> player;
+  const std::filesystem::path copy =
+      std::filesystem::temp_directory_path() / "tessivo-released-a.avi";
 };
 
 class MediaFoundationOnDesktop : public MediaFoundation {};
@@ -172,6 +182,32 @@ TEST_F(MediaFoundationOnDesktop, APauseKeepsThePicture) {
   ASSERT_TRUE(waitForTrace("state 2"));
   watch(300);
   EXPECT_TRUE(showsTheFilm());
+}
+
+TEST_F(MediaFoundationOnDesktop, APausedPictureFollowsTheSizeAndPlaysOnWithoutBlack) {
+  startPlaying("film.mp4");
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  player->pause();
+  ASSERT_TRUE(waitForTrace("state 2"));
+  watch(500);
+  player->move({0, 0, kWidth / 2, kHeight});
+  EXPECT_TRUE(waitFor([&] { return isRed(shownAt(100, 160)) && shownAt(100, 120) == kBlack; }));
+  player->move({0, 0, kWidth, kHeight});
+  ASSERT_TRUE(waitFor([&] { return showsTheFilm(); }));
+  player->play();
+  EXPECT_FALSE(waitFor([&] { return shownAt(200, 120) == kBlack; }, 1500));
+  EXPECT_EQ(player->playState(), MediaPlayState::playing);
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 1; }));
+}
+
+/// It would work on for the sound, and is never started again.
+TEST_F(MediaFoundationOnDesktop, UnderWineAPauseEndsTheSession) {
+  playACopy();
+  player->pause();
+  ASSERT_TRUE(waitForTrace("state 2"));
+  EXPECT_TRUE(waitFor([&] { return DeleteFileW(copy.c_str()) != 0; }));
+  player->stop();
+  EXPECT_TRUE(waitFor([&] { return pictureWindows() == 0; }));
 }
 
 TEST_F(MediaFoundationOnDesktop, SeeksWhilePlayingWithoutAChangeOfState) {
@@ -339,14 +375,9 @@ TEST_F(MediaFoundationOnDesktop, AFileThatVanishesWhilePlayingEndsSomehow) {
 }
 
 TEST_F(MediaFoundationOnDesktop, AStopLetsGoOfTheFile) {
-  const auto file = std::filesystem::temp_directory_path() / "tessivo-released-a.avi";
-  std::filesystem::copy_file(wide(media("film.avi")), file,
-                             std::filesystem::copy_options::overwrite_existing);
-  player->setUrl(file.string());
-  player->play();
-  ASSERT_TRUE(waitForTrace("state 3"));
+  playACopy();
   player->stop();
-  EXPECT_TRUE(waitFor([&] { return DeleteFileW(file.c_str()) != 0; }));
+  EXPECT_TRUE(waitFor([&] { return DeleteFileW(copy.c_str()) != 0; }));
 }
 
 TEST_F(MediaFoundationOnDesktop, ManyPlaysLeaveNoHandleAndNoWindowBehind) {

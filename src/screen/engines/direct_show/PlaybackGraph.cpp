@@ -1,6 +1,5 @@
 #include "screen/engines/direct_show/PlaybackGraph.h"
 
-#include <dsound.h>
 #include <evcode.h>
 #include <vfwmsgs.h>
 
@@ -28,18 +27,6 @@ bool isConnected(IBaseFilter* renderer) {
          SUCCEEDED(pin->ConnectedTo(peer.put()));
 }
 
-/// Wine's sound device crashes when one graph lets go of it while another takes it: one that nobody
-/// ever lets go of, for the life of the process.
-void keepSoundDevice() {
-  [[maybe_unused]] static IDirectSound8* const forGood = [] {
-    void* device = nullptr;
-    CoCreateInstance(CLSID_DirectSound8, nullptr, CLSCTX_INPROC_SERVER, IID_IDirectSound8, &device);
-    auto* const sound = static_cast<IDirectSound8*>(device);
-    if (sound) sound->Initialize(nullptr);
-    return sound;
-  }();
-}
-
 }  // namespace
 
 PlaybackGraph::~PlaybackGraph() {
@@ -50,7 +37,7 @@ PlaybackGraph::~PlaybackGraph() {
 }
 
 HRESULT PlaybackGraph::open(const std::wstring& source, HWND picture) {
-  if (runsOnWine()) keepSoundDevice();
+  if (runsOnWine()) sound_.emplace();
   HRESULT hr = CoCreateInstance(CLSID_FilterGraph, nullptr, CLSCTX_INPROC_SERVER,
                                 __uuidof(IGraphBuilder), graph_.putVoid());
   if (FAILED(hr)) return hr;

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/win32/ComPtr.h"
 #include "screen/engines/direct_show/GraphClock.h"
+#include "screen/engines/direct_show/SoundDevice.h"
 #include "screen/engines/direct_show/VideoOutput.h"
 
 namespace tessivo {
@@ -47,6 +49,7 @@ class PlaybackGraph {
   void repaint();
 
  private:
+  std::optional<SoundDevice> sound_;  // goes last
   ComPtr<IGraphBuilder> graph_;
   ComPtr<IMediaControl> control_;
   ComPtr<IMediaEvent> events_;

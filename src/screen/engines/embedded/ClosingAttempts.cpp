@@ -23,6 +23,8 @@ bool waitServingSentMessages(HANDLE signal, ULONGLONG deadline) {
 void ClosingAttempts::add(std::shared_ptr<AttemptThread> attempt,
                           std::unique_ptr<PictureWindow> picture) {
   attempt->close();
+  // One that closed before has said so before.
+  if (WaitForSingleObject(attempt->closedSignal(), 0) == WAIT_OBJECT_0) return;
   entries_.push_back({std::move(attempt), std::move(picture), now_()});
 }
 

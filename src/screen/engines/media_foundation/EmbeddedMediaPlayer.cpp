@@ -115,9 +115,12 @@ void EmbeddedMediaPlayer::goToPosition() {
   attempt_.presentation->start(resumes ? std::nullopt : std::optional(position_));
 }
 
-/// One that was there goes on showing its last frame until it has closed.
+/// One that was there goes on showing its last frame until it has closed, a paused one until the
+/// next has its first.
 void EmbeddedMediaPlayer::open() {
-  if (attempt_.presentation) {
+  if (state_ == MediaPlayState::paused) {
+    last_->keep(window_, closing_, std::move(attempt_.presentation), std::move(attempt_.picture));
+  } else if (attempt_.presentation) {
     closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
   }
   if (const auto failure = takeFailure()) {
@@ -200,8 +203,7 @@ void EmbeddedMediaPlayer::onEngineEvent(EngineEvent event, WPARAM serial, std::i
     case EngineEvent::playing:
       return started();
     case EngineEvent::paused:
-      pauseOrdered_ = false;
-      return changeState(MediaPlayState::paused);
+      return paused();
     case EngineEvent::ended:
       return ended();
     case EngineEvent::failed:
@@ -224,6 +226,16 @@ void EmbeddedMediaPlayer::started() {
   if (!std::exchange(playOrdered_, false)) return changeState(MediaPlayState::playing);
   state_ = MediaPlayState::playing;
   playStateChange.raise(state_);
+}
+
+void EmbeddedMediaPlayer::paused() {
+  pauseOrdered_ = false;
+  if (runsOnWine()) {
+    // It cannot be started again, and goes on working for the sound: its last picture is enough.
+    attempt_.presentation->close();
+    serial_ = ++lastSerial_;
+  }
+  changeState(MediaPlayState::paused);
 }
 
 void EmbeddedMediaPlayer::ended() {

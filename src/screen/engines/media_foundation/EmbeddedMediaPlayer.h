@@ -81,6 +81,7 @@ class EmbeddedMediaPlayer final : public MediaPlayerSlot, private EngineWindow::
   void abandon();
   void forgetOrders();
   void started();
+  void paused();
   void ended();
   void failed(std::int32_t reason);
   void release(MouseButton button, bool inside);

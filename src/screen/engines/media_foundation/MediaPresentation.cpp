@@ -289,7 +289,6 @@ void MediaPresentation::shutDown() {
   ComPtr<IMFMediaSession> session;
   {
     const std::lock_guard lock(mutex_);
-    grabbed_.reset();
     display_.reset();
     volume_.reset();
     clock_.reset();

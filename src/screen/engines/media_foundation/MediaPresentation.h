@@ -86,7 +86,7 @@ class MediaPresentation final : public AttemptThread {
   ComPtr<IMFPresentationClock> clock_;
   ComPtr<IMFAudioStreamVolume> volume_;
   ComPtr<IMFVideoDisplayControl> display_;
-  ComPtr<GrabbedPicture> grabbed_;  // instead of the display, on Wine
+  ComPtr<GrabbedPicture> grabbed_;  // instead of the display, on Wine; can be painted for good
 };
 
 }  // namespace tessivo
