@@ -69,6 +69,10 @@ player_wine "$programs/empty_window.exe" $((seconds + 20)) &
 sleep 5
 measure "a program with an empty window" "$(process_named empty_window)"
 player_end
+player_wine "$programs/empty_window.exe" $((seconds + 20)) 100 &
+sleep 5
+measure "one that asks where the pointer is, ten times a second" "$(process_named empty_window)"
+player_end
 saver=0
 player_with "$film"
 player_drive play

@@ -48,6 +48,10 @@ void CommandLine::processCmdLine(const std::string& text) {
   controler_.BatchAddMovie({"", text}, true);
 }
 
+bool CommandLine::isPath(const std::string& text) {
+  return !text.empty() && !text.starts_with(kAddAndPlay) && !text.starts_with(kAddOnly);
+}
+
 void CommandLine::addSelection(const std::string& text, bool play) {
   const auto fields = split(text, kFieldSeparator);
   if (fields.size() < 3) return refuse("fewer than three fields in " + text);

@@ -21,6 +21,8 @@ class CommandLine {
   /// nothing happens. Every other text is, as a whole, one path, added and played. An empty text
   /// does nothing.
   void processCmdLine(const std::string& text);
+  /// Whether that is one path, which will be played when it is a file.
+  static bool isPath(const std::string& text);
 
  private:
   void addSelection(const std::string& text, bool play);

@@ -1,5 +1,6 @@
 #include "app/StartUp.h"
 
+#include "app/CommandLine.h"
 #include "monitors/cMonitors.h"
 
 namespace tessivo {
@@ -19,6 +20,13 @@ void loadScreen(const StartUpParts& parts) {
   if (parts.aimMonitor.intMonitorCount() >= 2) screen.boolMaxSize(true);
   screen.show();
   screen.intVolume(kVolumeBeforeSettings);
+}
+
+/// The file that the program was started with is opened while the panel comes up.
+void openAhead(const StartUpParts& parts) {
+  if (!CommandLine::isPath(parts.commandLine)) return;
+  parts.screen.lngPlayRuler(parts.controler.config().lngPlayRuler());
+  parts.screen.prepareNext(parts.commandLine);
 }
 
 void loadPlayList(const StartUpParts& parts) {
@@ -76,6 +84,7 @@ void startUp(const StartUpParts& parts) {
   parts.controler.guard(parts.screen);  // what the engines pop up when they are made is closed, too
   parts.loadTray();
   loadScreen(parts);
+  openAhead(parts);
   parts.loadPanel();
   parts.controler.setReferences(parts.tray, parts.panel, parts.screen, parts.playList);
   loadPlayList(parts);

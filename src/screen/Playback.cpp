@@ -1,5 +1,7 @@
 #include "screen/Playback.h"
 
+#include <utility>
+
 #include "base/Quotes.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -84,8 +86,7 @@ void Playback::listenToEngines() {
 }
 
 void Playback::lngPlayRuler(std::int32_t rule) {
-  rule_ = rule;
-  prepareNext("");
+  if (std::exchange(rule_, rule) != rule) prepareNext("");
   reset();
 }
 

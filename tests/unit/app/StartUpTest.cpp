@@ -101,6 +101,27 @@ TEST_F(StartUpTest, TheTrayComesBeforeTheShowAndThePanelLast) {
   EXPECT_TRUE(requests.boolSysReady());
 }
 
+TEST_F(StartUpTest, TheFileOfTheCommandLineIsOpenedWhileThePanelIsMade) {
+  store(45, playRule::kMediaOnly, true);
+  std::string opened;
+  int loads = 0;
+  whileLoading = [&] {  // the tray, which comes before the engines, and then the panel
+    if (++loads == 2) opened = wmp().prepared + " | " + real().prepared;
+  };
+  start("\"C:\\v\\c.avi\"");
+  EXPECT_EQ(opened, "C:\\v\\c.avi | ");
+  EXPECT_EQ(wmp().prepared, "C:\\v\\c.avi") << "the rule is set again, which does not forget it";
+}
+
+TEST_F(StartUpTest, NothingIsOpenedAheadWithoutAFileToPlay) {
+  store(45, playRule::kMediaOnly, true);
+  for (const char* line : {"", "DMenuF_1__/?%/name/?%/20", "DMenuF_2__/?%/name/?%/20"}) {
+    EXPECT_FALSE(CommandLine::isPath(line)) << line;
+  }
+  start("DMenuF_1__/?%/name/?%/20");
+  EXPECT_EQ(wmp().prepared, "");
+}
+
 TEST_F(StartUpTest, ItIsReadyBeforeItsOwnCommandLineAndNotEarlier) {
   store(45, playRule::kMediaOnly, true);
   std::string ready;

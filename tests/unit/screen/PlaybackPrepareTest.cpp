@@ -73,6 +73,13 @@ TEST_F(PlaybackPrepareTest, AnotherRuleForgetsIt) {
   EXPECT_EQ(prepared(), "wmp  | real ");
 }
 
+TEST_F(PlaybackPrepareTest, TheSameRuleOnceMoreKeepsIt) {
+  screen.lngPlayRuler(playRule::kPreferReal);
+  screen.prepareNext("C:\\b.avi");
+  screen.lngPlayRuler(playRule::kPreferReal);
+  EXPECT_EQ(prepared(), "wmp  | real C:\\b.avi");
+}
+
 TEST_F(PlaybackPrepareTest, TheUsersStopForgetsItAndTheEndOfTheItemDoesNot) {
   files.existing = {"C:\\a.avi"};
   screen.strFilePath("C:\\a.avi");
