@@ -176,10 +176,13 @@ class Controler {
     std::vector<std::string> paths;
     bool play = false;
     std::size_t next = 1;
+    std::vector<bool> areFiles;  ///< of the paths from `lookedFrom` on
+    std::size_t lookedFrom = 1;
     std::vector<MoviePtr> added;
   };
 
-  bool isAcceptable(const std::string& path) const;
+  static void lookAhead(Batch& batch, const Files& files);
+  MoviePtr addPlain(const std::string& plain, bool isFile);
   bool isListed(const MoviePtr& movie) const;
   void prepareNextItem(bool soon);
   void listenToScreen();

@@ -13,20 +13,47 @@ namespace {
 constexpr std::size_t kLongestPath = 32767;
 constexpr std::size_t kMostBytesAUnit = 3;  // of UTF-8
 
-}  // namespace
+constexpr std::size_t kLooksAtOnce = 64;
 
-bool Controler::isAcceptable(const std::string& path) const {
-  return containsNoCase(path, "http") || services_.files.fileExists(path);
+/// The last path of a selection in shared memory comes with the zero bytes that fill it up.
+std::string plainPath(const std::string& path) {
+  return std::string(unquoted(path.substr(0, path.find('\0'))));
 }
 
+bool isTooLong(const std::string& plain) {
+  return plain.size() > kLongestPath * kMostBytesAUnit || toUtf16(plain).size() > kLongestPath;
+}
+
+bool isAddress(const std::string& plain) {
+  return containsNoCase(plain, "http");
+}
+
+/// The file to look for, or nothing where no look is needed.
+std::string fileOf(const std::string& plain) {
+  return isTooLong(plain) || isAddress(plain) ? "" : plain;
+}
+
+}  // namespace
+
 MoviePtr Controler::AddAMovieToPL(const std::string& path) {
-  // The last path of a selection in shared memory comes with the zero bytes that fill it up.
-  const std::string plain(unquoted(path.substr(0, path.find('\0'))));
-  if (plain.size() > kLongestPath * kMostBytesAUnit || toUtf16(plain).size() > kLongestPath) {
+  const std::string plain = plainPath(path);
+  return addPlain(plain, services_.files.fileExists(fileOf(plain)));
+}
+
+void Controler::lookAhead(Batch& batch, const Files& files) {
+  const std::size_t end = std::min(batch.paths.size(), batch.next + kLooksAtOnce);
+  std::vector<std::string> paths;
+  for (std::size_t i = batch.next; i < end; ++i) paths.push_back(fileOf(plainPath(batch.paths[i])));
+  batch.areFiles = files.filesExist(paths);
+  batch.lookedFrom = batch.next;
+}
+
+MoviePtr Controler::addPlain(const std::string& plain, bool isFile) {
+  if (isTooLong(plain)) {
     services_.log.error("not added, too long: " + plain.substr(0, kLongestPath / 100) + "…");
     return nullptr;
   }
-  if (!isAcceptable(plain)) {
+  if (!isFile && !isAddress(plain)) {
     services_.log.error("not added, not a file: " + plain);
     return nullptr;
   }
@@ -54,8 +81,12 @@ bool Controler::addNext(Batch& batch) {
     endBatch(batch);
     return false;
   }
+  if (batch.next - batch.lookedFrom >= batch.areFiles.size()) {
+    lookAhead(batch, services_.files);
+  }
   ++pathsDone_;
-  const auto movie = AddAMovieToPL(batch.paths[batch.next++]);
+  const bool isFile = batch.areFiles[batch.next - batch.lookedFrom];
+  const auto movie = addPlain(plainPath(batch.paths[batch.next++]), isFile);
   if (!isListed(movie)) return true;
   panel_->AddAMovieToFaceList(*movie);
   batch.added.push_back(movie);

@@ -18,12 +18,17 @@ namespace tessivo {
 
 struct FakeFiles : Files {
   bool fileExists(const std::string& path) const override { return existing.contains(path); }
+  std::vector<bool> filesExist(const std::vector<std::string>& paths) const override {
+    askedAtOnce.push_back(paths.size());
+    return Files::filesExist(paths);
+  }
   std::optional<std::vector<std::string>> filesIn(const std::string& folder) const override {
     const auto found = folders.find(folder);
     if (found == folders.end()) return std::nullopt;
     return found->second;
   }
   std::set<std::string> existing;
+  mutable std::vector<std::size_t> askedAtOnce;
   std::map<std::string, std::vector<std::string>> folders;
 };
 

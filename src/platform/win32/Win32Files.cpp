@@ -2,11 +2,15 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "platform/FileRoot.h"
 #include "platform/win32/WindowsText.h"
 
 namespace tessivo {
 namespace {
+
+constexpr std::chrono::milliseconds kSoon{10};
 
 std::wstring fullPath(const std::wstring& path) {
   std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
@@ -32,11 +36,37 @@ std::optional<std::wstring> usable(const std::string& path) {
 
 }  // namespace
 
-bool Win32Files::fileExists(const std::string& path) const {
-  const auto wide = usable(path);
-  if (!wide) return false;
-  return answers_.ask(rootOf(path), [ask = ask_, file = *wide] { return ask(file); })
-      .value_or(true);
+std::vector<bool> Win32Files::filesExist(const std::vector<std::string>& paths) const {
+  std::vector<bool> exist;
+  while (exist.size() < paths.size()) {
+    const std::vector<bool> more = firstAnswers(paths, exist.size());
+    exist.insert(exist.end(), more.begin(), more.end());
+  }
+  return exist;
+}
+
+/// At least one: as many as lie on the same drive or share as the first and come soon. One that is
+/// slow and alive is asked again for the rest.
+std::vector<bool> Win32Files::firstAnswers(const std::vector<std::string>& paths,
+                                           std::size_t from) const {
+  const std::string root = rootOf(paths[from]);
+  std::vector<std::optional<std::wstring>> files;
+  for (std::size_t i = from; i < paths.size() && rootOf(paths[i]) == root; ++i) {
+    files.push_back(usable(paths[i]));
+  }
+  const auto exist = std::make_shared<std::vector<bool>>();
+  const auto inTime = answers_.ask(root, [ask = ask_, files, exist] {
+    const auto begin = std::chrono::steady_clock::now();
+    for (const auto& file : files) {
+      exist->push_back(file && ask(*file));
+      if (std::chrono::steady_clock::now() - begin > kSoon) break;
+    }
+    return true;
+  });
+  if (inTime) return exist->empty() ? std::vector<bool>{false} : *exist;
+  std::vector<bool> believed;
+  for (const auto& file : files) believed.push_back(file.has_value());
+  return believed;
 }
 
 bool Win32Files::isFile(const std::wstring& path) {

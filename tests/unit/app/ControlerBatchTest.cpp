@@ -44,6 +44,20 @@ TEST_F(ControlerBatchTest, AFewFilesAreThereWhenTheCallReturnsAndNoProgressIsSho
   EXPECT_EQ(trace.take().find("adding"), std::string::npos);
 }
 
+TEST_F(ControlerBatchTest, ManyFilesAreLookedForAtOnceAndEachIsJudgedByItself) {
+  panel.whileAddingRow = nullptr;
+  std::vector<std::string> paths{""};
+  for (int i = 0; i < 70; ++i) paths.push_back(i % 2 ? path('a') : "C:\\v\\none.avi");
+  paths.insert(paths.end(), {"http://host/b", "\"" + path('c') + "\"", path('d') + '\0'});
+  controler.BatchAddMovie(std::move(paths), false);
+  EXPECT_EQ(files.askedAtOnce, (std::vector<std::size_t>{64, 9}));
+  ASSERT_EQ(playList.lngListCount(), 38);
+  EXPECT_EQ(playList.objGetAItem(35)->strFilePath, path('a'));
+  EXPECT_EQ(playList.objGetAItem(36)->strFilePath, "http://host/b");
+  EXPECT_EQ(playList.objGetAItem(37)->strFilePath, path('c'));
+  EXPECT_EQ(playList.objGetAItem(38)->strFilePath, path('d'));
+}
+
 TEST_F(ControlerBatchTest, ManyFilesComeInSlicesWithProgressAndTheFirstIsSelectedAtTheEnd) {
   add("abcdefg");
   EXPECT_EQ(order(), "a*bc!");

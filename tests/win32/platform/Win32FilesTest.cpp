@@ -121,6 +121,36 @@ TEST_F(Win32FilesTest, AShareThatDoesNotAnswerIsBelievedToHaveTheFile) {
   SetEvent(answers);
 }
 
+TEST_F(Win32FilesTest, ManyAreAnsweredInTheirOrderAlsoBesideAShareThatIsDead) {
+  const HANDLE answers = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  {
+    const Win32Files stalling([=](const std::wstring& path) {
+      if (path.starts_with(LR"(\\dead)")) WaitForSingleObject(answers, INFINITE);
+      return path.ends_with(L"yes.avi");
+    });
+    const std::vector<std::string> paths = {
+        R"(C:\yes.avi)", R"(C:\no.avi)",           "",
+        R"(C:\yes.avi)", R"(\\dead\share\no.avi)", R"(\\dead\share\no.avi)",
+        R"(D:\no.avi)",  R"(D:\yes.avi)"};
+    const std::vector<bool> expected = {true, false, false, true, true, true, false, true};
+    EXPECT_EQ(stalling.filesExist(paths), expected);
+    EXPECT_TRUE(stalling.filesExist({}).empty());
+  }
+  SetEvent(answers);
+}
+
+TEST_F(Win32FilesTest, ADriveThatIsSlowAndAliveIsNotTakenForADeadOne) {
+  int asked = 0;
+  const Win32Files slow([&asked](const std::wstring&) {
+    Sleep(8);
+    return ++asked % 2 == 0;
+  });
+  const std::vector<bool> exist = slow.filesExist(std::vector<std::string>(30, "C:\\a.avi"));
+  EXPECT_EQ(asked, 30);
+  ASSERT_EQ(exist.size(), 30U);
+  for (std::size_t i = 0; i < exist.size(); ++i) EXPECT_EQ(exist[i], i % 2 == 1) << i;
+}
+
 using Names = std::vector<std::string>;
 
 TEST_F(Win32FilesTest, FilesOfAFolderInTheSystemsOrder) {
