@@ -8,9 +8,15 @@ function(tessivo_delay_import library dll)
     set(definition ${CMAKE_BINARY_DIR}/delayed/${library}.def)
     set(archive ${CMAKE_BINARY_DIR}/delayed/lib${library}_delayed.a)
     list(JOIN ARGN "\n  " functions)
-    file(WRITE ${definition} "LIBRARY ${dll}\nEXPORTS\n  ${functions}\n")
-    execute_process(COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib ${archive}
-      COMMAND_ERROR_IS_FATAL ANY)
+    set(text "LIBRARY ${dll}\nEXPORTS\n  ${functions}\n")
+    if(EXISTS ${archive})
+      file(READ ${definition} before)
+    endif()
+    if(NOT EXISTS ${archive} OR NOT before STREQUAL text)  # else everything would be linked again
+      file(WRITE ${definition} ${text})
+      execute_process(COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib ${archive}
+        COMMAND_ERROR_IS_FATAL ANY)
+    endif()
     target_link_libraries(${library}_delayed INTERFACE ${archive})
   endif()
   target_link_libraries(${library}_delayed INTERFACE ${library})  # what a test needs of it beyond that
