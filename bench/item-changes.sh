@@ -22,7 +22,7 @@ folder=build/bench-item-changes
 clips=$folder-clips
 seconds=2
 
-avi=(-pix_fmt yuv420p -c:v mpeg4 -q:v 3 -c:a libmp3lame)
+avi=(-pix_fmt yuv420p -c:v mpeg4 -q:v 3 -c:a pcm_s16le)
 mp4=(-pix_fmt yuv420p -c:v libx264 -preset ultrafast -c:a aac)
 cinepak=(-pix_fmt rgb24 -c:v cinepak -c:a pcm_s16le)  # for DirectShow alone
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/ClearQuickly.h"
+
 namespace tessivo {
 
 bool PlayList::addAItem(const MoviePtr& movie) {
@@ -48,7 +50,7 @@ void PlayList::clearList() {
   clearPlayMarks();
   if (actItem_) actItem_->boolIsActItem = false;
   actItem_ = nullptr;
-  items_.clear();
+  clearQuickly(items_);
 }
 
 MoviePtr PlayList::objPeekNextItem(bool recycle) const {

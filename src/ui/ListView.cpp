@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/ClearQuickly.h"
 #include "base/Text.h"
 
 namespace tessivo::ui {
@@ -63,7 +64,7 @@ void ListView::remove(int index) {
 }
 
 void ListView::clear() {
-  rows_.clear();
+  clearQuickly(rows_);
   selected_ = -1;
   tellRowsAndSelection();
 }
