@@ -44,7 +44,7 @@ void Controler::lookAhead(Batch& batch, const Files& files) {
   const std::size_t end = std::min(batch.paths.size(), batch.next + kLooksAtOnce);
   std::vector<std::string> paths;
   for (std::size_t i = batch.next; i < end; ++i) paths.push_back(fileOf(plainPath(batch.paths[i])));
-  batch.areFiles = files.filesExist(paths);
+  batch.areFiles = files.firstFilesExist(paths);
   batch.lookedFrom = batch.next;
 }
 

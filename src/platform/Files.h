@@ -13,9 +13,9 @@ class Files {
   /// Whether the path names an existing file (not a folder). Any error means no. A file system that
   /// does not answer at once means yes: whoever opens the file finds out, and need not wait here.
   virtual bool fileExists(const std::string& path) const = 0;
-  /// The same of several, in their order. Where another thread answers, many cost hardly more than
-  /// one.
-  virtual std::vector<bool> filesExist(const std::vector<std::string>& paths) const {
+  /// The same of the first of several, in their order: of one at least, and of as many as can be
+  /// said soon. Where another thread answers, many cost hardly more than one.
+  virtual std::vector<bool> firstFilesExist(const std::vector<std::string>& paths) const {
     std::vector<bool> exist;
     for (const std::string& path : paths) exist.push_back(fileExists(path));
     return exist;

@@ -36,22 +36,12 @@ std::optional<std::wstring> usable(const std::string& path) {
 
 }  // namespace
 
-std::vector<bool> Win32Files::filesExist(const std::vector<std::string>& paths) const {
-  std::vector<bool> exist;
-  while (exist.size() < paths.size()) {
-    const std::vector<bool> more = firstAnswers(paths, exist.size());
-    exist.insert(exist.end(), more.begin(), more.end());
-  }
-  return exist;
-}
-
-/// At least one: as many as lie on the same drive or share as the first and come soon. One that is
-/// slow and alive is asked again for the rest.
-std::vector<bool> Win32Files::firstAnswers(const std::vector<std::string>& paths,
-                                           std::size_t from) const {
-  const std::string root = rootOf(paths[from]);
+/// Those that lie on the same drive or share as the first, as long as its answers come soon.
+std::vector<bool> Win32Files::firstFilesExist(const std::vector<std::string>& paths) const {
+  if (paths.empty()) return {};
+  const std::string root = rootOf(paths.front());
   std::vector<std::optional<std::wstring>> files;
-  for (std::size_t i = from; i < paths.size() && rootOf(paths[i]) == root; ++i) {
+  for (std::size_t i = 0; i < paths.size() && rootOf(paths[i]) == root; ++i) {
     files.push_back(usable(paths[i]));
   }
   const auto exist = std::make_shared<std::vector<bool>>();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
@@ -24,13 +23,13 @@ class Win32Files : public Files {
   explicit Win32Files(std::function<bool(const std::wstring&)> ask = isFile)
       : ask_(std::move(ask)) {}
 
-  bool fileExists(const std::string& path) const override { return filesExist({path}).front(); }
-  std::vector<bool> filesExist(const std::vector<std::string>& paths) const override;
+  bool fileExists(const std::string& path) const override {
+    return firstFilesExist({path}).front();
+  }
+  std::vector<bool> firstFilesExist(const std::vector<std::string>& paths) const override;
   std::optional<std::vector<std::string>> filesIn(const std::string& folder) const override;
 
  private:
-  std::vector<bool> firstAnswers(const std::vector<std::string>& paths, std::size_t from) const;
-
   const std::function<bool(const std::wstring&)> ask_;
   mutable BoundedAnswers answers_{kPatience};
 };

@@ -58,6 +58,14 @@ TEST_F(ControlerBatchTest, ManyFilesAreLookedForAtOnceAndEachIsJudgedByItself) {
   EXPECT_EQ(playList.objGetAItem(38)->strFilePath, path('d'));
 }
 
+TEST_F(ControlerBatchTest, WhatIsNotAnsweredSoonIsAskedAgain) {
+  files.answersAtOnce = 2;
+  panel.whileAddingRow = nullptr;
+  add("abcde");
+  EXPECT_EQ(files.askedAtOnce, (std::vector<std::size_t>{5, 3, 1}));
+  EXPECT_EQ(order(), "a*!bcde");
+}
+
 TEST_F(ControlerBatchTest, ManyFilesComeInSlicesWithProgressAndTheFirstIsSelectedAtTheEnd) {
   add("abcdefg");
   EXPECT_EQ(order(), "a*bc!");

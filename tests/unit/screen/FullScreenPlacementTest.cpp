@@ -8,10 +8,6 @@ namespace {
 constexpr Rect kNormalPixels{100, 60, 800, 600};
 constexpr Rect kTarget{1280, 0, 1920, 1080};
 
-Rect inTwips(const Rect& pixels) {
-  return {pixels.left * 15, pixels.top * 15, pixels.width * 15, pixels.height * 15};
-}
-
 class FullScreenPlacementTest : public ScreenFixture {
  protected:
   void SetUp() override {

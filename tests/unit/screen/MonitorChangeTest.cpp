@@ -12,10 +12,6 @@ constexpr Rect kThird{-1280, 0, 1280, 1024};
 constexpr Rect kNormal{100, 60, 800, 600};
 constexpr Rect kMiddle{160, 128, 960, 768};
 
-Rect inTwips(const Rect& pixels) {
-  return {pixels.left * 15, pixels.top * 15, pixels.width * 15, pixels.height * 15};
-}
-
 /// Full screen on the second of two monitors; the normal window stood on the first.
 class MonitorChangeTest : public ScreenFixture {
  protected:

@@ -14,6 +14,10 @@
 
 namespace tessivo {
 
+inline Rect inTwips(const Rect& pixels) {
+  return {pixels.left * 15, pixels.top * 15, pixels.width * 15, pixels.height * 15};
+}
+
 /// A loaded playback window on two monitors, with engines that do as they are told. Its events are
 /// in the trace beside the engines' calls.
 class ScreenFixture : public testing::Test {
