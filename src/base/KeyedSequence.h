@@ -106,10 +106,12 @@ class KeyedSequence {
     std::swap(entryOfOne->second, entryOfOther->second);
   }
 
-  void clear() {
-    slots_.clear();
+  /// Empties the list and hands out the items in list order, with a gap (nothing) where one had
+  /// been erased.
+  std::vector<std::optional<Item>> takeAll() {
     used_.clear();
     byKey_.clear();
+    return std::exchange(slots_, {});
   }
 
   /// Calls `visit` with every item in list order. `visit` must not change the list.

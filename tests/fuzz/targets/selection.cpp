@@ -13,6 +13,16 @@ namespace {
 
 constexpr std::string_view kSeparator = "@@_F%D-F_@";
 
+/// The size that is said may cut the last path within a character of two UTF-16 units. The half
+/// that is left stands nowhere in the whole text.
+std::string withoutHalfACharacter(std::string path) {
+  const auto from = path.size() < 3 ? path.size() : path.size() - 3;
+  const bool half = path.size() - from == 3 && path[from] == '\xED' && path[from + 1] >= '\xA0' &&
+                    path[from + 1] <= '\xAF';
+  if (half) path.resize(from);
+  return path;
+}
+
 /// Notes more than the fake: what is open or mapped must be given back.
 struct CountedMemory : FakeSharedMemory {
   MappingHandle createFileMapping(const std::string& name, std::int32_t bytes) override {
@@ -62,8 +72,8 @@ class SelectionTarget : public Player {
     std::string all = fromUtf16Bytes(bytes);
     std::size_t at = 0;
     for (std::int32_t i = 1; i <= playList.lngListCount(); ++i) {
-      const std::string& path = playList.objGetAItem(i)->strFilePath;
-      // The size that is said may cut the last one.
+      std::string path = playList.objGetAItem(i)->strFilePath;
+      if (i == playList.lngListCount()) path = withoutHalfACharacter(std::move(path));
       at = all.find(path, at);
       holds(at != std::string::npos, "each path is from the selection");
       at += path.size();

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <memory>
-#include <vector>
+#include <string>
+
+#include "base/KeyedSequence.h"
 
 namespace tessivo {
 namespace {
@@ -16,20 +17,33 @@ struct Ends {
 };
 
 /// Counts its end, by thread.
-struct Count {
-  void operator()(Ends*) const {
+struct Element {
+  explicit Element(std::shared_ptr<Ends> counts) : ends(std::move(counts)) {}
+  Element(const Element&) = delete;
+  Element& operator=(const Element&) = delete;
+  ~Element() {
     auto& count = std::this_thread::get_id() == ends->home ? ends->here : ends->elsewhere;
     ++count;
     count.notify_all();
   }
-  std::shared_ptr<Ends> ends;
+  const std::string key = "same";
+  const std::shared_ptr<Ends> ends;
 };
-using Element = std::unique_ptr<Ends, Count>;
+struct KeyOfElement {
+  const std::string& operator()(const std::unique_ptr<Element>& element) const {
+    return element->key;
+  }
+};
+using Sequence = KeyedSequence<std::unique_ptr<Element>, KeyOfElement>;
 
-std::vector<Element> elements(int count, const std::shared_ptr<Ends>& ends) {
-  std::vector<Element> all;
-  for (int i = 0; i < count; ++i) all.emplace_back(ends.get(), Count{ends});
+Sequence elements(int count, const std::shared_ptr<Ends>& ends) {
+  Sequence all;
+  for (int i = 0; i < count; ++i) all.append(std::make_unique<Element>(ends));
   return all;
+}
+
+void waitForAll(int count, std::atomic<int>& ended) {
+  for (int now = ended; now < count; now = ended) ended.wait(now);
 }
 
 TEST(ClearQuickly, FewAreFreedAtOnce) {
@@ -41,12 +55,23 @@ TEST(ClearQuickly, FewAreFreedAtOnce) {
 }
 
 TEST(ClearQuickly, ManyAreFreedOnAnotherThread) {
-  constexpr int kMany = 20000;
+  constexpr int kMany = 10500;
   const auto ends = std::make_shared<Ends>();
   auto all = elements(kMany, ends);
   clearQuickly(all);
   EXPECT_TRUE(all.empty());
-  for (int now = ends->elsewhere; now < kMany; now = ends->elsewhere) ends->elsewhere.wait(now);
+  waitForAll(kMany, ends->elsewhere);
+  EXPECT_EQ(ends->here, 0);
+}
+
+TEST(ClearQuickly, WhoeverFreesElsewhereWaitsForItInTheEnd) {
+  constexpr int kMany = 50000;
+  const auto ends = std::make_shared<Ends>();
+  {
+    FreedElsewhere elsewhere;
+    elsewhere.free(elements(kMany, ends).takeAll());
+  }
+  EXPECT_EQ(ends->elsewhere, kMany);
   EXPECT_EQ(ends->here, 0);
 }
 

@@ -99,9 +99,14 @@ TEST(KeyedSequence, AnItemThatIsNotInTheListHasNoPlaceAndNoNeighbours) {
   EXPECT_EQ(rows.previous(stranger), nullptr);
 }
 
-TEST(KeyedSequence, ClearedItIsAsNew) {
-  auto rows = rowsWithKeys({"a", "b"});
-  rows.clear();
+TEST(KeyedSequence, EmptiedItIsAsNewAndHandsOutWhatItHad) {
+  auto rows = rowsWithKeys({"a", "b", "c"});
+  rows.erase(1);
+  const auto all = rows.takeAll();
+  ASSERT_EQ(all.size(), 3u);
+  EXPECT_EQ((*all[0])->key, "a");
+  EXPECT_EQ(all[1], std::nullopt);
+  EXPECT_EQ((*all[2])->key, "c");
   EXPECT_TRUE(rows.empty());
   EXPECT_EQ(rows.find("a"), nullptr);
   rows.append(row("z"));
