@@ -479,6 +479,21 @@ TEST_F(MediaFoundationOnDesktop, TheLastPictureGoesWhenSoundAloneFollows) {
   EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
 }
 
+TEST_F(MediaFoundationOnDesktop, TheLastPictureGoesWhenWhatFollowsIsGivenUp) {
+  const std::vector<std::pair<const char*, std::function<void()>>> ways{
+      {"another url", [this] { player->setUrl(""); }}, {"stop", [this] { player->stop(); }}};
+  for (const auto& [name, giveUp] : ways) {
+    trace.clear();
+    startPlaying("second.mp4");
+    ASSERT_TRUE(waitForTrace("state 8")) << name;
+    player->setUrl(media("green.mp4"));
+    player->play();
+    giveUp();
+    EXPECT_TRUE(showsTheFilm()) << name << ": another may follow";
+    EXPECT_TRUE(waitFor([&] { return showsBlack() && pictureWindows() == 0; })) << name;
+  }
+}
+
 TEST_F(MediaFoundationOnDesktop, OpeningAheadChangesNothingUntilItIsPlayed) {
   player->prepare(media("random.avi"));
   watch(800);

@@ -443,6 +443,21 @@ TEST_F(DirectShowOnDesktop, TheLastPictureGoesWhenSoundAloneFollows) {
   EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
 }
 
+TEST_F(DirectShowOnDesktop, TheLastPictureGoesWhenWhatFollowsIsGivenUp) {
+  const std::vector<std::pair<const char*, std::function<void()>>> ways{
+      {"another source", [this] { player->setSource(""); }}, {"stop", [this] { player->stop(); }}};
+  for (const auto& [name, giveUp] : ways) {
+    trace.clear();
+    startPlaying("second.mp4");
+    ASSERT_TRUE(waitForTrace("3->0")) << name;
+    player->setSource(media("green.mp4"));
+    player->play();
+    giveUp();
+    EXPECT_TRUE(showsTheFilm()) << name << ": another may follow";
+    EXPECT_TRUE(waitFor([&] { return showsBlack() && pictureWindows() == 0; })) << name;
+  }
+}
+
 TEST_F(DirectShowOnDesktop, OpeningAheadChangesNothingUntilItIsPlayed) {
   player->prepare(media("random.avi"));
   watch(800);

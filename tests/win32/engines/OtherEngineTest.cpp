@@ -116,6 +116,14 @@ TEST_F(MediaFoundationToDirectShowOnDesktop, TheLastPictureGoesWhenSoundAloneFol
   EXPECT_TRUE(waitFor([&] { return showsBlack() && !mediaWindowShows(); }));
 }
 
+TEST_F(MediaFoundationToDirectShowOnDesktop, TheLastPictureGoesWhenWhatFollowsIsGivenUp) {
+  ASSERT_NO_FATAL_FAILURE(playToTheEndInMediaPlayer());
+  showRealPlayer();
+  playInRealPlayer("green.mp4");
+  realPlayer->setSource("");
+  EXPECT_TRUE(waitFor([&] { return showsBlack() && !mediaWindowShows(); }));
+}
+
 TEST_F(MediaFoundationToDirectShowOnDesktop, AWindowThatIsShownAgainStays) {
   ASSERT_NO_FATAL_FAILURE(playToTheEndInMediaPlayer());
   showRealPlayer();
@@ -155,6 +163,15 @@ TEST_F(DirectShowToMediaFoundationOnDesktop, WhatWasNotOpenedAheadFollowsWithout
 TEST_F(DirectShowToMediaFoundationOnDesktop, TheLastPictureGoesWhenNothingFollows) {
   ASSERT_NO_FATAL_FAILURE(playToTheEndInRealPlayer());
   showMediaPlayer();
+  EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
+  EXPECT_FALSE(realPlayer->visible());
+}
+
+TEST_F(DirectShowToMediaFoundationOnDesktop, TheLastPictureGoesWhenWhatFollowsIsGivenUp) {
+  ASSERT_NO_FATAL_FAILURE(playToTheEndInRealPlayer());
+  showMediaPlayer();
+  playInMediaPlayer("green.mp4");
+  mediaPlayer->stop();
   EXPECT_TRUE(waitFor([&] { return showsBlack(); }));
   EXPECT_FALSE(realPlayer->visible());
 }

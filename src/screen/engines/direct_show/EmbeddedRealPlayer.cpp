@@ -152,6 +152,7 @@ void EmbeddedRealPlayer::forgetOrders() {
 void EmbeddedRealPlayer::abandon() {
   forgetOrders();
   if (!attempt_.graph) return;
+  last_->nextIsOff();
   attempt_.picture->hide();
   closing_.add(std::move(attempt_.graph), std::move(attempt_.picture));
 }
@@ -226,7 +227,7 @@ void EmbeddedRealPlayer::finish() {
 void EmbeddedRealPlayer::failed(std::int32_t reason) {
   log_.error("DirectShow cannot play " + source_ + ": " + hexOf(reason));
   abandon();
-  last_->nextFailed();
+  last_->nextIsOff();  // without an attempt, too: it may have failed ahead
   state_ = RealPlayState::stopped;
   errorMessage.raise();
 }

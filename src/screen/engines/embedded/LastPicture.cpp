@@ -36,7 +36,7 @@ void LastPicture::nextPlays() {
   stay(kFirstFrameMs);
 }
 
-void LastPicture::nextFailed() {
+void LastPicture::nextIsOff() {
   stay(kNextIsOrderedMs);
 }
 

@@ -20,12 +20,13 @@ class LastPicture {
             std::unique_ptr<PictureWindow> picture);
   /// The window is to be hidden: at once, or when the picture in it has gone.
   void hide(EngineWindow& window);
-  /// The next item is being opened, however long that takes.
+  /// The next item is being opened, however long that takes: the picture stays until its first
+  /// frame, nextPlays or nextIsOff.
   void nextIsComing();
   /// The next item plays: one without a picture never has a first frame.
   void nextPlays();
-  /// The next item could not be played; another may follow.
-  void nextFailed();
+  /// The next item could not be played, or was given up before its first frame; another may follow.
+  void nextIsOff();
   void letGo();
   /// That window goes, and the picture if it is in it.
   void leave(EngineWindow& window);

@@ -178,6 +178,7 @@ void EmbeddedMediaPlayer::forgetOrders() {
 void EmbeddedMediaPlayer::abandon() {
   forgetOrders();
   if (!attempt_.presentation) return;
+  last_->nextIsOff();
   attempt_.picture->hide();
   closing_.add(std::move(attempt_.presentation), std::move(attempt_.picture));
 }
@@ -249,7 +250,7 @@ void EmbeddedMediaPlayer::ended() {
 void EmbeddedMediaPlayer::failed(std::int32_t reason) {
   log_.error("Media Foundation cannot play " + url_ + ": " + hexOf(reason));
   abandon();
-  last_->nextFailed();
+  last_->nextIsOff();  // without an attempt, too: it may have failed ahead
   position_ = 0;
   state_ = MediaPlayState::stopped;
   mediaError.raise();
