@@ -13,6 +13,7 @@
 #include "fakes/VirtualTime.h"
 #include "forms/FormWorld.h"
 #include "forms/TestForm.h"
+#include "ui/Mnemonics.h"
 #include "ui/TabOrder.h"
 
 namespace tessivo {
@@ -726,14 +727,11 @@ TEST_F(FrmSysConfigTest, NothingOverlapsOrReachesOutOfItsPage) {
     check({&d.sstTab, &d.Picture1, &d.cmdHelp, &d.cmdSave, &d.cmdCancel}, d.scaleWidth(),
           d.scaleHeight());
     EXPECT_EQ(d.Picture2.bounds(), d.Picture1.bounds());
-    const Rect page = d.Picture1.bounds();
-    check({&d.Frame1, &d.chkOnPlayErrContinuePlay, &d.chkOnPlayErrShowMainFace, &d.Frame2,
-           &d.chkSavePlayList, &d.Frame3, &d.chkOpenScrSav, &d.Label1, &d.cmbScrSavProcName,
-           &d.Label2, &d.cmbRunScrSavDelayMinute, &d.cmdPramSet, &d.cmdPreviewSS},
-          page.width, page.height);
-    check({&d.lvFileAssociationList, &d.cmdAssociaAll, &d.cmdNoAssociaAll, &d.cmdAssociaDefault,
-           &d.labFigureNote},
-          page.width, page.height);
+    // All that is on a page, so that nothing new is left out.
+    for (const auto* page : {&d.Picture1, &d.Picture2}) {
+      ASSERT_FALSE(page->children().empty());
+      check(page->children(), page->bounds().width, page->bounds().height);
+    }
   });
 }
 
@@ -789,6 +787,30 @@ TEST_F(FrmSysConfigTest, AnEnterThatIsHeldSavesNothing) {
   showWhile([this] {
     EXPECT_TRUE(dialog.pressKey({kEnter, false, true, &dialog.chkSavePlayList, false}));
     EXPECT_TRUE(dialog.visible());
+  });
+}
+
+TEST_F(FrmSysConfigTest, EveryLetterIsThatOfOneControl) {
+  std::string letters;
+  const std::function<void(const ui::Container&)> check = [&](const ui::Container& container) {
+    for (ui::Control* child : container.children()) {
+      if (!child->visible()) continue;
+      if (const auto* inner = dynamic_cast<const ui::Container*>(child)) check(*inner);
+      if (!dynamic_cast<ui::Button*>(child) && !dynamic_cast<ui::CheckBox*>(child)) continue;
+      const std::string& caption = static_cast<const ui::Captioned*>(child)->caption();
+      const auto mark = caption.find('&');
+      ASSERT_LT(mark, caption.size() - 1) << child->name() << " has none";
+      letters += caption[mark + 1];
+      EXPECT_EQ(ui::controlOfMnemonic(dialog, static_cast<unsigned char>(letters.back())), child)
+          << child->name();
+    }
+  };
+  showWhile([&] {
+    check(dialog);
+    EXPECT_EQ(std::exchange(letters, ""), "NMKPTVHSC");
+    openAssociations();
+    check(dialog);
+    EXPECT_EQ(letters, "AURHSC");
   });
 }
 

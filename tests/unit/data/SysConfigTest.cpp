@@ -22,10 +22,13 @@ class SysConfigTest : public DatabaseTest {
  protected:
   SysConfigTest() { config.strDBFilePath(path); }
 
-  /// One row that is fine, but for one column.
+  /// One row that is fine, but for one column. No value is the default.
   void store(const std::string& column, const std::string& sqlValue) {
     runSql(path,
-           "delete from sys; insert into sys values (1, 40, 3, 1, 'stars', 7, 1, 1, 1, 11, 99)");
+           "delete from sys; insert into sys (recycle_play, volume_value, play_ruler, screen_saver,"
+           " scr_sav_proc_name, screen_saver_delay_minute, popu_main_face_for_err,"
+           " play_next_item_on_err, save_play_list, current_play_position, current_play_item_len)"
+           " values (1, 40, 3, 1, 'stars', 7, 1, 1, 0, 11, 99)");
     runSql(path, "update sys set " + column + "=" + sqlValue);
   }
   std::string loadedWith(const std::string& column, const std::string& sqlValue) {
@@ -74,7 +77,7 @@ TEST_F(SysConfigTest, SettingsThatCouldNotBeReadStayExceptWhatWasChangedSince) {
   }
   changed.intVolumeValue(12);
   EXPECT_TRUE(changed.boolSaveData());
-  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11|99");
+  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|0|11|99");
 }
 
 TEST_F(SysConfigTest, WhatCouldNotBeReadIsNotTakenOnBySavingWhatWasChanged) {
@@ -90,10 +93,10 @@ TEST_F(SysConfigTest, WhatCouldNotBeReadIsNotTakenOnBySavingWhatWasChanged) {
 
   config.intVolumeValue(12);
   EXPECT_TRUE(config.boolSaveData());
-  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11|99");
+  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|0|11|99");
   config.intVolumeValue(30);  // back to the default, but changed since the save before
   EXPECT_TRUE(config.boolSaveData());
-  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|1|11|99");
+  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|0|11|99");
 }
 
 TEST_F(SysConfigTest, SettingsThatWereReadAreWrittenAsTheyAre) {
@@ -102,7 +105,7 @@ TEST_F(SysConfigTest, SettingsThatWereReadAreWrittenAsTheyAre) {
   EXPECT_EQ(config.strReport(), "");
   config.intVolumeValue(30);
   EXPECT_TRUE(config.boolSaveData());
-  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|1|11|99");
+  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|0|11|99");
 }
 
 TEST_F(SysConfigTest, TheFirstSaveAppendsTheRow) {
@@ -158,43 +161,44 @@ TEST_F(SysConfigTest, AnUnknownRecycleTypeIsSavedAsSequential) {
 
 TEST_F(SysConfigTest, AnUnknownRecycleTypeLoadsAsSequential) {
   for (const char* unknown : {"0", "4", "-1", "null", "''", "'x'", "1.5"}) {
-    EXPECT_EQ(loadedWith("recycle_play", unknown), "3 40 3 T [stars] 7 TTT 11/99") << unknown;
+    EXPECT_EQ(loadedWith("recycle_play", unknown), "3 40 3 T [stars] 7 TTF 11/99") << unknown;
   }
-  EXPECT_EQ(loadedWith("recycle_play", "2"), "2 40 3 T [stars] 7 TTT 11/99");
+  EXPECT_EQ(loadedWith("recycle_play", "2"), "2 40 3 T [stars] 7 TTF 11/99");
 }
 
 TEST_F(SysConfigTest, AnUnknownPlayRuleLoadsAsRealPlayerOnly) {
   for (const char* unknown : {"7", "4", "-1", "null", "'x'", "3000000000"}) {
-    EXPECT_EQ(loadedWith("play_ruler", unknown), "1 40 2 T [stars] 7 TTT 11/99") << unknown;
+    EXPECT_EQ(loadedWith("play_ruler", unknown), "1 40 2 T [stars] 7 TTF 11/99") << unknown;
   }
-  EXPECT_EQ(loadedWith("play_ruler", "0"), "1 40 0 T [stars] 7 TTT 11/99");
+  EXPECT_EQ(loadedWith("play_ruler", "0"), "1 40 0 T [stars] 7 TTF 11/99");
 }
 
 TEST_F(SysConfigTest, AVolumeThatIsNoneLoadsAsTheDefault) {
   for (const char* wrong : {"null", "'loud'", "32768", "-32769", "1e300", "x'31'", "''"}) {
-    EXPECT_EQ(loadedWith("volume_value", wrong), "1 30 3 T [stars] 7 TTT 11/99") << wrong;
+    EXPECT_EQ(loadedWith("volume_value", wrong), "1 30 3 T [stars] 7 TTF 11/99") << wrong;
   }
-  EXPECT_EQ(loadedWith("volume_value", "12.5"), "1 12 3 T [stars] 7 TTT 11/99");
+  EXPECT_EQ(loadedWith("volume_value", "12.5"), "1 12 3 T [stars] 7 TTF 11/99");
 }
 
 TEST_F(SysConfigTest, ADelayThatIsNoneLoadsAsTheDefault) {
-  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "'soon'"), "1 40 3 T [stars] 5 TTT 11/99");
-  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "2147483648"), "1 40 3 T [stars] 5 TTT 11/99");
-  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "null"), "1 40 3 T [stars] 5 TTT 11/99");
+  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "'soon'"), "1 40 3 T [stars] 5 TTF 11/99");
+  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "2147483648"), "1 40 3 T [stars] 5 TTF 11/99");
+  EXPECT_EQ(loadedWith("screen_saver_delay_minute", "null"), "1 40 3 T [stars] 5 TTF 11/99");
 }
 
 TEST_F(SysConfigTest, OnlyOneIsTrue) {
   for (const char* other : {"0", "-1", "2", "null", "'true'"}) {
-    EXPECT_EQ(loadedWith("screen_saver", other), "1 40 3 F [stars] 7 TTT 11/99") << other;
-    EXPECT_EQ(loadedWith("popu_main_face_for_err", other), "1 40 3 T [stars] 7 FTT 11/99");
-    EXPECT_EQ(loadedWith("play_next_item_on_err", other), "1 40 3 T [stars] 7 TFT 11/99");
+    EXPECT_EQ(loadedWith("screen_saver", other), "1 40 3 F [stars] 7 TTF 11/99") << other;
+    EXPECT_EQ(loadedWith("popu_main_face_for_err", other), "1 40 3 T [stars] 7 FTF 11/99");
+    EXPECT_EQ(loadedWith("play_next_item_on_err", other), "1 40 3 T [stars] 7 TFF 11/99");
     EXPECT_EQ(loadedWith("save_play_list", other), "1 40 3 T [stars] 7 TTF 11/99");
   }
+  EXPECT_EQ(loadedWith("save_play_list", "1"), "1 40 3 T [stars] 7 TTT 11/99");
 }
 
 TEST_F(SysConfigTest, AnEmptyOrBlankProgramNameLoadsAsOneBlank) {
   for (const char* blank : {"''", "'   '", "null", "' '"}) {
-    EXPECT_EQ(loadedWith("scr_sav_proc_name", blank), "1 40 3 T [ ] 7 TTT 11/99") << blank;
+    EXPECT_EQ(loadedWith("scr_sav_proc_name", blank), "1 40 3 T [ ] 7 TTF 11/99") << blank;
   }
 }
 
@@ -202,28 +206,28 @@ TEST_F(SysConfigTest, AnEmptyOrBlankProgramNameIsSavedAsOneBlank) {
   for (const char* blank : {"''", "'   '"}) {
     loadedWith("scr_sav_proc_name", blank);
     EXPECT_TRUE(config.boolSaveData());
-    EXPECT_EQ(stored(), "1|40|3|1| |7|1|1|1|11|99");
+    EXPECT_EQ(stored(), "1|40|3|1| |7|1|1|0|11|99");
   }
 }
 
 TEST_F(SysConfigTest, AProgramNameIsNotTrimmed) {
-  EXPECT_EQ(loadedWith("scr_sav_proc_name", "' stars '"), "1 40 3 T [ stars ] 7 TTT 11/99");
+  EXPECT_EQ(loadedWith("scr_sav_proc_name", "' stars '"), "1 40 3 T [ stars ] 7 TTF 11/99");
 }
 
 TEST_F(SysConfigTest, AnEmptyResumePointIsZero) {
-  EXPECT_EQ(loadedWith("current_play_position", "null"), "1 40 3 T [stars] 7 TTT 0/99");
-  EXPECT_EQ(loadedWith("current_play_item_len", "''"), "1 40 3 T [stars] 7 TTT 11/0");
+  EXPECT_EQ(loadedWith("current_play_position", "null"), "1 40 3 T [stars] 7 TTF 0/99");
+  EXPECT_EQ(loadedWith("current_play_item_len", "''"), "1 40 3 T [stars] 7 TTF 11/0");
 }
 
 TEST_F(SysConfigTest, AResumePointThatIsNoNumberLoadsAsTheDefault) {
-  EXPECT_EQ(loadedWith("current_play_position", "'x'"), "1 40 3 T [stars] 7 TTT 0/99");
-  EXPECT_EQ(loadedWith("current_play_item_len", "9999999999"), "1 40 3 T [stars] 7 TTT 11/100");
+  EXPECT_EQ(loadedWith("current_play_position", "'x'"), "1 40 3 T [stars] 7 TTF 0/99");
+  EXPECT_EQ(loadedWith("current_play_item_len", "9999999999"), "1 40 3 T [stars] 7 TTF 11/100");
 }
 
 TEST_F(SysConfigTest, AMalformedRowIsMendedBySaving) {
   loadedWith("volume_value", "x'00ff'");
   EXPECT_TRUE(config.boolSaveData());
-  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|1|11|99");
+  EXPECT_EQ(stored(), "1|30|3|1|stars|7|1|1|0|11|99");
 }
 
 TEST_F(SysConfigTest, OfSeveralRowsTheFirstCounts) {
@@ -250,7 +254,7 @@ TEST_F(SysConfigTest, AMissingColumnChangesNothing) {
   EXPECT_FALSE(config.boolGetData());
   EXPECT_EQ(describe(config), kDefaults);
   EXPECT_FALSE(config.boolSaveData());
-  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|1|11");
+  EXPECT_EQ(stored(), "1|12|3|1|stars|7|1|1|0|11");
 }
 
 TEST_F(SysConfigTest, AHeldDatabaseIsNotSaved) {
