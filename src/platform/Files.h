@@ -17,6 +17,7 @@ class Files {
   /// said soon. Where another thread answers, many cost hardly more than one.
   virtual std::vector<bool> firstFilesExist(const std::vector<std::string>& paths) const {
     std::vector<bool> exist;
+    exist.reserve(paths.size());
     for (const std::string& path : paths) exist.push_back(fileExists(path));
     return exist;
   }

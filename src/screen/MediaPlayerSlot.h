@@ -15,9 +15,11 @@ enum class MediaPlayState { undefined = 0, stopped = 1, paused = 2, playing = 3,
 /// The Media Player slot of the playback window (`wmpPlayer`): exactly the members and the
 /// notifications that the window uses. The installed control and the embedded engine implement it.
 ///
-/// Every member is called on the user-interface thread and never throws; a member that the
-/// implementation cannot serve does nothing. Notifications arrive from the message loop, never
-/// from inside a call of a member. The slot owns a child window of the playback window.
+/// Every member is called on the user-interface thread, never throws and never waits, for a file or
+/// for a decoder: the panel must stay alive. A member that the implementation cannot serve does
+/// nothing. Notifications arrive from the message loop, never from inside a call of a member, and
+/// listeners may destroy the slot in any of them. The slot owns a child window of the playback
+/// window.
 class MediaPlayerSlot {
  public:
   virtual ~MediaPlayerSlot() = default;
@@ -35,7 +37,8 @@ class MediaPlayerSlot {
   /// That file or URL will be set and played next: whoever can opens it ahead. Empty: nothing will.
   virtual void prepare(const std::string&) {}
 
-  /// `controls.…`
+  /// `controls.…` Every play is answered, by `playStateChange(playing)` or by `mediaError`, also
+  /// one while it plays already; not when stop, setUrl or the next play comes before the answer.
   virtual void play() = 0;
   virtual void pause() = 0;
   virtual void stop() = 0;
