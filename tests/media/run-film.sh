@@ -39,7 +39,7 @@ film wide white 640x360
 film wider white 956x400
 film classic white 640x480
 film upright white 480x640
-film anamorphic white 720x576 64/45
+film anamorphic white 640x360 3/4
 film dark 0x050505 640x360
 shot wide white 1280x720
 shot wider white 1280x536
@@ -52,7 +52,7 @@ shot desktop "$film_colour" 1280x1024
 shot framed white 1280x720 "$film_colour"
 
 for shape in wide wider classic upright; do check "$shape: seen" seen "$shape" "$shape"; done
-for shape in wide full; do check "pixels that are not square, $shape: seen" seen "$shape" anamorphic; done
+for shape in wide classic; do check "pixels that are not square, $shape: seen" seen "$shape" anamorphic; done
 check "pixels that are not square: the desktop" not seen desktop anamorphic
 check "a dark film: seen" seen dark dark
 check "stretched over the monitor" not seen full wide
