@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <objbase.h>
+
 #include <atomic>
 #include <stdexcept>
+#include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tessivo {
@@ -25,6 +29,33 @@ class StuckAttempt : public AttemptThread {
 class ThrowingAttempt final : public StuckAttempt {
   using StuckAttempt::StuckAttempt;
   void run() override { throw std::runtime_error("a codec"); }
+};
+
+/// One that notes in what order it is called, and whether still in the apartment of its thread.
+class TracingAttempt final : public StuckAttempt {
+ public:
+  TracingAttempt(HWND engineWindow, std::vector<std::string>& trace, std::string thrown)
+      : StuckAttempt(engineWindow, 7), trace_(trace), thrown_(std::move(thrown)) {}
+
+ private:
+  void run() override {
+    thread_ = GetCurrentThreadId();
+    trace_.emplace_back("run");
+    if (thrown_ == "run") throw std::runtime_error("a codec");
+  }
+  void letGo() override {
+    const HRESULT other = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    if (SUCCEEDED(other)) CoUninitialize();
+    const bool inApartment = other == RPC_E_CHANGED_MODE;
+    const bool onItsThread = GetCurrentThreadId() == thread_;
+    trace_.push_back(std::string("let go") + (onItsThread ? "" : " elsewhere") +
+                     (inApartment ? "" : " too late"));
+    if (thrown_ == "let go") throw std::runtime_error("a codec");
+  }
+
+  std::vector<std::string>& trace_;
+  const std::string thrown_;
+  DWORD thread_ = 0;
 };
 
 struct News {
@@ -129,6 +160,26 @@ TEST_F(ClosingAttemptsTest, ARefusedAttemptIsClosedForThoseWhoWait) {
 TEST_F(ClosingAttemptsTest, AnAttemptThatThrowsHasFailed) {
   EXPECT_EQ(start(std::make_shared<ThrowingAttempt>(window, 7)),
             (std::vector<News>{{EngineEvent::failed, 7, E_FAIL}, {EngineEvent::closed, 7, 0}}));
+}
+
+TEST_F(ClosingAttemptsTest, AnAttemptLetsGoOnItsThreadBeforeItIsClosed) {
+  std::vector<std::string> trace;
+  EXPECT_EQ(start(std::make_shared<TracingAttempt>(window, trace, "")),
+            (std::vector<News>{{EngineEvent::closed, 7, 0}}));
+  EXPECT_EQ(trace, (std::vector<std::string>{"run", "let go"}));
+}
+
+TEST_F(ClosingAttemptsTest, AnAttemptThatThrowsLetsGoThereToo) {
+  std::vector<std::string> trace;
+  EXPECT_EQ(start(std::make_shared<TracingAttempt>(window, trace, "run")),
+            (std::vector<News>{{EngineEvent::failed, 7, E_FAIL}, {EngineEvent::closed, 7, 0}}));
+  EXPECT_EQ(trace, (std::vector<std::string>{"run", "let go"}));
+}
+
+TEST_F(ClosingAttemptsTest, AnAttemptThatThrowsWhileItLetsGoIsClosedAllTheSame) {
+  std::vector<std::string> trace;
+  EXPECT_EQ(start(std::make_shared<TracingAttempt>(window, trace, "let go")),
+            (std::vector<News>{{EngineEvent::closed, 7, 0}}));
 }
 
 }  // namespace

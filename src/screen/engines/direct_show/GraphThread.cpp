@@ -78,16 +78,12 @@ void GraphThread::run() {
   graph_ = open(order_.startMs);
   if (!graph_) return;
   post(EngineEvent::opened, graph_->lengthMs());
-  bool closing = false;
   {
     const std::lock_guard lock(mutex_);
-    closing = closing_;
+    if (closing_) return;
   }
-  if (!closing) {
-    order_.waits ? graph_->cue() : runGraph();
-    serve();
-  }
-  graph_.reset();
+  order_.waits ? graph_->cue() : runGraph();
+  serve();
 }
 
 std::unique_ptr<PlaybackGraph> GraphThread::open(std::int32_t startMs) {

@@ -48,6 +48,7 @@ class GraphThread final : public AttemptThread {
   using Command = std::function<void()>;
 
   void run() override;
+  void letGo() override { graph_.reset(); }
   /// A graph that stands ready at a position; empty when that failed, which has been posted then.
   std::unique_ptr<PlaybackGraph> open(std::int32_t startMs);
   void serve();

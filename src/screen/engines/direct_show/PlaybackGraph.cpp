@@ -33,7 +33,10 @@ PlaybackGraph::~PlaybackGraph() {
   // The renderer's window leaves ours first: a graph that hangs while it stops must not take the
   // user interface along.
   output_.reset();
-  if (control_) control_->Stop();
+  try {
+    if (control_) control_->Stop();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a codec's; the graph goes all the same
+  }
 }
 
 HRESULT PlaybackGraph::open(const std::wstring& source, HWND picture) {

@@ -2,7 +2,7 @@
 
 #include <objbase.h>
 
-#include <system_error>
+#include <exception>
 #include <thread>
 
 namespace tessivo {
@@ -20,7 +20,7 @@ void AttemptThread::start(const std::shared_ptr<AttemptThread>& attempt) {
   try {
     // Detached: a thread that hangs in a driver must not keep the program from ending.
     std::thread([attempt] { attempt->runToTheEnd(); }).detach();
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for it
     attempt->refuse(E_OUTOFMEMORY);
   }
 }
@@ -42,6 +42,10 @@ void AttemptThread::runToTheEnd() {
   } catch (...) {
     // A codec's, or no memory: of all that the file of this attempt is the least loss.
     post(EngineEvent::failed, E_FAIL);
+  }
+  try {
+    letGo();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): what is still held cannot be helped
   }
   if (com) CoUninitialize();
   SetEvent(closed_);

@@ -36,6 +36,8 @@ class AttemptThread {
   AttemptThread(HWND engineWindow, WPARAM serial);
   /// The thread's work, in the multithreaded apartment. When it throws, the attempt has failed.
   virtual void run() = 0;
+  /// Lets go of everything, on the same thread and in its apartment, also after run has thrown.
+  virtual void letGo() {}
   void post(EngineEvent event, std::int32_t value = 0) const;
 
  private:

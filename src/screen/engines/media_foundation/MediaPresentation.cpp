@@ -71,14 +71,19 @@ void MediaPresentation::close() {
   if (session) session->Close();
 }
 
-bool MediaPresentation::mayStart() {
+ComPtr<IMFMediaSession> MediaPresentation::sessionToStart() {
   const std::lock_guard lock(mutex_);
-  starting_ = !closing_ && runsOnWine();
-  return !closing_;
+  if (closing_ || !session_) return {};
+  starting_ = runsOnWine();
+  return session_;
 }
 
 void MediaPresentation::startIsOver() {
   if (runsOnWine()) Sleep(kSourceSettlesMs);
+  noStart();
+}
+
+void MediaPresentation::noStart() {
   ComPtr<IMFMediaSession> session;
   {
     const std::lock_guard lock(mutex_);
@@ -126,7 +131,6 @@ void MediaPresentation::run() {
   if (SUCCEEDED(hr)) hr = setTopology(true);
   if (FAILED(hr)) fail(hr);
   followSession();
-  shutDown();
 }
 
 HRESULT MediaPresentation::openSource() {
@@ -187,7 +191,7 @@ void MediaPresentation::followSession() {
   if (!session_) return;
   for (;;) {
     ComPtr<IMFMediaEvent> event;
-    if (FAILED(session_->GetEvent(0, event.put()))) return;
+    if (const HRESULT hr = session_->GetEvent(0, event.put()); FAILED(hr)) return fail(hr);
     MediaEventType type = MEUnknown;
     HRESULT status = S_OK;
     event->GetType(&type);
@@ -273,9 +277,10 @@ void MediaPresentation::takeServices() {
 void MediaPresentation::begin() {
   double start = order_.startSeconds;
   if (duration_ != 0) start = std::min(start, static_cast<double>(duration_) / kTicksPerSecond);
-  if (!mayStart()) return;
-  if (const HRESULT hr = startSession(session_.get(), start); FAILED(hr)) {
-    startIsOver();
+  const auto session = sessionToStart();
+  if (!session) return;
+  if (const HRESULT hr = startSession(session.get(), start); FAILED(hr)) {
+    noStart();
     fail(hr);
   }
 }
@@ -285,7 +290,7 @@ void MediaPresentation::fail(HRESULT reason) {
   post(EngineEvent::failed, reason);
 }
 
-void MediaPresentation::shutDown() {
+void MediaPresentation::letGo() {
   ComPtr<IMFMediaSession> session;
   {
     const std::lock_guard lock(mutex_);

@@ -49,6 +49,7 @@ class MediaPresentation final : public AttemptThread {
 
  private:
   void run() override;
+  void letGo() override;
   HRESULT openSource();
   HRESULT openSession();
   HRESULT setTopology(bool withSound);
@@ -56,13 +57,15 @@ class MediaPresentation final : public AttemptThread {
   void handleEvent(IMFMediaEvent* event, MediaEventType type, HRESULT status);
   void sessionIsReady();
   void takeServices();
+  /// On either thread.
   void begin();
-  /// False when the attempt is to close instead.
-  bool mayStart();
-  /// Closes the session when that was ordered during the start.
+  /// What is to be started; empty when the attempt is to close instead, or has.
+  ComPtr<IMFMediaSession> sessionToStart();
+  /// Own thread only; as noStart, when the start has come to its end.
   void startIsOver();
+  /// Closes the session when that was ordered during the start. Never waits.
+  void noStart();
   void fail(HRESULT reason);
-  void shutDown();
   template <typename T>
   ComPtr<T> held(const ComPtr<T>& member) const;
 
