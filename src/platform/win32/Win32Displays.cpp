@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <new>
 #include <string_view>
 
 #include "base/Text.h"
@@ -26,17 +27,29 @@ std::string portableText(const wchar_t* text) {
   return toUtf8(std::u16string(wide.begin(), wide.end()));
 }
 
-BOOL CALLBACK addHandle(HMONITOR monitor, HDC, LPRECT, LPARAM handles) {
-  reinterpret_cast<std::vector<MonitorHandle>*>(handles)->push_back(portable(monitor));
-  return TRUE;
+struct Found {
+  std::vector<MonitorHandle> handles;
+  bool isTooMuch = false;  ///< for the memory there is
+};
+
+/// Nothing may be thrown into Windows, which calls this.
+BOOL CALLBACK addHandle(HMONITOR monitor, HDC, LPRECT, LPARAM into) {
+  auto& found = *reinterpret_cast<Found*>(into);
+  try {
+    found.handles.push_back(portable(monitor));
+  } catch (const std::bad_alloc&) {
+    found.isTooMuch = true;
+  }
+  return found.isTooMuch ? FALSE : TRUE;
 }
 
 }  // namespace
 
 std::vector<MonitorHandle> Win32Displays::enumerate() const {
-  std::vector<MonitorHandle> handles;
-  EnumDisplayMonitors(nullptr, nullptr, addHandle, reinterpret_cast<LPARAM>(&handles));
-  return handles;
+  Found found;
+  EnumDisplayMonitors(nullptr, nullptr, addHandle, reinterpret_cast<LPARAM>(&found));
+  if (found.isTooMuch) throw std::bad_alloc();
+  return std::move(found.handles);
 }
 
 std::optional<DisplayInfo> Win32Displays::info(MonitorHandle monitor) const {

@@ -1,6 +1,6 @@
 #include "screen/engines/control/ControlEvents.h"
 
-#include <algorithm>
+#include "platform/win32/Guarded.h"
 
 namespace tessivo {
 
@@ -14,13 +14,15 @@ HRESULT ControlEvents::GetTypeInfoCount(UINT* count) {
 HRESULT ControlEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                               EXCEPINFO*, UINT*) {
   if (!receive_) return S_OK;
-  std::vector<Variant> arguments;
-  if (parameters && parameters->rgvarg) {
-    for (UINT i = parameters->cArgs; i > 0; --i) {
-      arguments.emplace_back(parameters->rgvarg[i - 1]);
+  guarded(log_, [&] {
+    std::vector<Variant> arguments;
+    if (parameters && parameters->rgvarg) {
+      for (UINT i = parameters->cArgs; i > 0; --i) {
+        arguments.emplace_back(parameters->rgvarg[i - 1]);
+      }
     }
-  }
-  receive_(event, std::move(arguments));
+    receive_(event, std::move(arguments));
+  });
   return S_OK;
 }
 

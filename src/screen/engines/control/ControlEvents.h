@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "platform/Log.h"
 #include "screen/engines/control/ComObject.h"
 #include "screen/engines/control/Variant.h"
 
@@ -15,8 +16,9 @@ class ControlEvents final : public ComObject<IDispatch> {
  public:
   using Receive = std::function<void(DISPID event, std::vector<Variant> arguments)>;
 
-  ControlEvents(const IID& events, Receive receive)
-      : events_(events), receive_(std::move(receive)) {}
+  /// What `receive` throws ends in the log, which is used until disconnect.
+  ControlEvents(const IID& events, Log& log, Receive receive)
+      : events_(events), log_(log), receive_(std::move(receive)) {}
 
   /// Events that the control still fires are swallowed from now on.
   void disconnect() { receive_ = nullptr; }
@@ -33,6 +35,7 @@ class ControlEvents final : public ComObject<IDispatch> {
   }
 
   IID events_;
+  Log& log_;
   Receive receive_;
 };
 

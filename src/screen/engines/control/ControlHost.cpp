@@ -66,7 +66,7 @@ ControlHost::Call::~Call() {
 ControlHost::ControlHost(HWND parent, Setup setup, Log& log)
     : setup_(std::move(setup)),
       log_(log),
-      window_(*this),
+      window_(*this, log),
       calls_(std::make_shared<CallState>(CallState{this})) {
   window_.open(parent);
   const Call call(*this);
@@ -89,7 +89,7 @@ HRESULT ControlHost::create() {
   HRESULT result = CoCreateInstance(setup_.control, nullptr, CLSCTX_INPROC_SERVER,
                                     __uuidof(IOleObject), object_.putVoid());
   if (FAILED(result)) return result;
-  site_ = make<ControlSite>(window_.handle(), [this] { onResized(); });
+  site_ = make<ControlSite>(window_.handle(), [this] { guarded(log_, [this] { onResized(); }); });
   if (FAILED(result = initialise())) return result;
   connect();
   return activate();
@@ -129,8 +129,8 @@ void ControlHost::connect() {
     log_.error(setup_.name + " offers no events");
     return;
   }
-  events_ = make<ControlEvents>(events, [this](DISPID event, std::vector<Variant> arguments) {
-    guarded(log_, [&] { announce(event, std::move(arguments)); });
+  events_ = make<ControlEvents>(events, log_, [this](DISPID event, std::vector<Variant> arguments) {
+    announce(event, std::move(arguments));
   });
   if (FAILED(connection_->Advise(events_.get(), &cookie_))) {
     log_.error(setup_.name + " tells nothing of its events");
@@ -193,7 +193,7 @@ void ControlHost::onEngineEvent(EngineEvent, WPARAM, std::int32_t) {
   handOnSoon();
   // The receiver may destroy this object.
   const OnEvent onEvent = setup_.onEvent;
-  guarded(log_, [&] { onEvent(event.id, event.arguments); });
+  onEvent(event.id, event.arguments);
 }
 
 void ControlHost::onResized() {

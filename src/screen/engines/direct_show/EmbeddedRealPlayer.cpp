@@ -15,7 +15,7 @@ constexpr DWORD kLongestGoodbyeMs = 1000;
 }  // namespace
 
 EmbeddedRealPlayer::EmbeddedRealPlayer(HWND parent, Log& log, std::shared_ptr<LastPicture> last)
-    : log_(log), window_(*this), last_(std::move(last)) {
+    : log_(log), window_(*this, log), last_(std::move(last)) {
   window_.open(parent);
 }
 
@@ -121,7 +121,7 @@ std::optional<std::int32_t> EmbeddedRealPlayer::takeFailure() {
 
 EmbeddedRealPlayer::Attempt EmbeddedRealPlayer::begin(const std::string& source,
                                                       std::int32_t startMs, bool waits) {
-  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits);
+  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits, log_);
   const WPARAM serial = ++lastSerial_;
   auto graph = std::make_shared<GraphThread>(
       window_.handle(), serial,

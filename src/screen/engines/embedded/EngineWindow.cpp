@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include "platform/win32/Guarded.h"
+
 namespace tessivo {
 namespace {
 
@@ -75,7 +77,9 @@ LRESULT CALLBACK EngineWindow::procedure(HWND window, UINT message, WPARAM wPara
     self->window_ = nullptr;
     return DefWindowProcW(window, message, wParam, lParam);
   }
-  return self->handle(message, wParam, lParam);
+  LRESULT result = 0;
+  guarded(self->log_, [&] { result = self->handle(message, wParam, lParam); });
+  return result;
 }
 
 LRESULT EngineWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "base/Geometry.h"
+#include "platform/Log.h"
 #include "platform/MouseButton.h"
 #include "screen/engines/embedded/EngineEvent.h"
 
@@ -15,7 +16,8 @@ class EngineWindow {
   enum class Gesture { down, up, doubleClick };
   enum class Timer : UINT_PTR { heldStop = 1, lastPicture };
 
-  /// The engine. Called from the window procedure; may destroy the window in any of the calls.
+  /// The engine. Called from the window procedure; may destroy the window in any of the calls. What
+  /// it throws ends in the log.
   class Owner {
    public:
     virtual ~Owner() = default;
@@ -26,7 +28,8 @@ class EngineWindow {
     virtual void onTimer(Timer timer) = 0;
   };
 
-  explicit EngineWindow(Owner& owner) : owner_(owner) {}
+  /// `log` outlives the window.
+  EngineWindow(Owner& owner, Log& log) : owner_(owner), log_(log) {}
   ~EngineWindow();
   EngineWindow(const EngineWindow&) = delete;
   EngineWindow& operator=(const EngineWindow&) = delete;
@@ -56,6 +59,7 @@ class EngineWindow {
   void release(MouseButton button, LPARAM point);
 
   Owner& owner_;
+  Log& log_;
   HWND window_ = nullptr;
   bool hidesLater_ = false;
 };

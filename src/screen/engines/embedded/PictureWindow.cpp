@@ -1,5 +1,7 @@
 #include "screen/engines/embedded/PictureWindow.h"
 
+#include "platform/win32/Guarded.h"
+
 namespace tessivo {
 namespace {
 
@@ -19,7 +21,7 @@ void registerClass(WNDPROC procedure) {
 
 }  // namespace
 
-PictureWindow::PictureWindow(HWND engineWindow, bool aside) : aside_(aside) {
+PictureWindow::PictureWindow(HWND engineWindow, bool aside, Log& log) : aside_(aside), log_(log) {
   registerClass(&PictureWindow::procedure);
   RECT area{};
   GetClientRect(engineWindow, &area);
@@ -51,7 +53,9 @@ void PictureWindow::raise() {
 void PictureWindow::paint() {
   PAINTSTRUCT paint;
   const HDC dc = BeginPaint(window_, &paint);
-  if (!paint_ || !paint_(dc)) {
+  bool painted = false;
+  guarded(log_, [&] { painted = paint_ && paint_(dc); });
+  if (!painted) {
     RECT area{};
     GetClientRect(window_, &area);
     FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
@@ -85,7 +89,9 @@ LRESULT CALLBACK PictureWindow::procedure(HWND window, UINT message, WPARAM wPar
   }
   if (message == WM_ERASEBKGND) return 1;  // paint does it in one go with the frame: no flicker
   if (self && message == kFrameArrived) {
-    if (const auto arrived = self->arrived_) arrived();  // it may destroy the window
+    guarded(self->log_, [self] {
+      if (const auto arrived = self->arrived_) arrived();  // it may destroy the window
+    });
     return 0;
   }
   if (self && message == WM_NCDESTROY) {

@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "platform/Log.h"
+
 namespace tessivo {
 
 /// The window inside an engine's window that one attempt draws its video into. Each attempt has
@@ -16,7 +18,8 @@ class PictureWindow {
   /// Visible at once (a renderer that begins on a hidden window may never show anything), but below
   /// all earlier ones, whose pictures stay to be seen until this one is raised. `aside`: it lies
   /// beside the engine's visible area until it is told to come in.
-  PictureWindow(HWND engineWindow, bool aside);
+  /// `log`, which outlives the window, has what the calls below throw.
+  PictureWindow(HWND engineWindow, bool aside, Log& log);
   ~PictureWindow();
   PictureWindow(const PictureWindow&) = delete;
   PictureWindow& operator=(const PictureWindow&) = delete;
@@ -44,6 +47,7 @@ class PictureWindow {
 
   HWND window_ = nullptr;
   bool aside_;
+  Log& log_;
   std::function<bool(HDC)> paint_;
   std::function<void()> arrived_;
 };

@@ -17,7 +17,7 @@ constexpr DWORD kLongestGoodbyeMs = 1000;
 }  // namespace
 
 EmbeddedMediaPlayer::EmbeddedMediaPlayer(HWND parent, Log& log, std::shared_ptr<LastPicture> last)
-    : log_(log), window_(*this), last_(std::move(last)) {
+    : log_(log), window_(*this, log), last_(std::move(last)) {
   window_.open(parent);
 }
 
@@ -149,7 +149,7 @@ std::optional<std::int32_t> EmbeddedMediaPlayer::takeFailure() {
 
 EmbeddedMediaPlayer::Attempt EmbeddedMediaPlayer::begin(const std::string& url, double seconds,
                                                         bool waits) {
-  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits);
+  auto picture = std::make_unique<PictureWindow>(window_.handle(), waits, log_);
   const WPARAM serial = ++lastSerial_;
   auto presentation = std::make_shared<MediaPresentation>(
       window_.handle(), serial,

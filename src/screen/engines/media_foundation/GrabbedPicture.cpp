@@ -2,6 +2,8 @@
 
 #include <mfapi.h>
 
+#include <new>
+
 #include "screen/engines/embedded/Letterbox.h"
 #include "screen/engines/embedded/PictureWindow.h"
 
@@ -78,10 +80,12 @@ HRESULT GrabbedPicture::OnProcessSample(REFGUID, DWORD, LONGLONG, LONGLONG, cons
   const auto expected = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_) * 4;
   if (size < expected) return S_OK;
   bool first = false;
-  {
+  try {
     const std::lock_guard lock(mutex_);
     first = frame_.empty();
     frame_.assign(bytes, bytes + expected);
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
   }
   if (first) PictureWindow::noteFrame(picture_);
   InvalidateRect(picture_, nullptr, FALSE);
