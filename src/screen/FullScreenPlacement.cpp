@@ -1,6 +1,7 @@
 #include "screen/FullScreenPlacement.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Rounding.h"
 #include "base/Twips.h"
@@ -14,6 +15,12 @@ std::vector<DisplayInfo> monitorsOf(const Displays& displays) {
     if (auto info = displays.info(monitor)) monitors.push_back(std::move(*info));
   }
   return monitors;
+}
+
+std::set<std::string> namesOf(const std::vector<DisplayInfo>& monitors) {
+  std::set<std::string> names;
+  for (const DisplayInfo& monitor : monitors) names.insert(monitor.name);
+  return names;
 }
 
 bool touch(const Rect& a, const Rect& b) {
@@ -79,6 +86,7 @@ void FullScreenPlacement::enter() {
   place(max_);
   covered_ = max_;
   coveredName_.clear();
+  names_.clear();
   form_.setTopmost(true);
 }
 
@@ -97,13 +105,19 @@ void FullScreenPlacement::hold(const Displays& displays) {
 }
 
 /// The monitor keeps its name when it moves or changes its size, and its place when it is plugged
-/// in again under another name.
+/// in again under another name. Names are given anew only when a monitor has come or gone: as long
+/// as they are the same ones, the name counts first, which tells monitors that have changed places.
 void FullScreenPlacement::holdOver(const std::vector<DisplayInfo>& monitors) {
-  auto monitor = std::ranges::find(monitors, covered_, &DisplayInfo::monitor);
+  const auto byPlace = std::ranges::find(monitors, covered_, &DisplayInfo::monitor);
+  const auto byName = std::ranges::find(monitors, coveredName_, &DisplayInfo::name);
+  std::set<std::string> names = namesOf(monitors);
+  const bool sameOnes = names == names_;
+  names_ = std::move(names);
+  auto monitor = sameOnes ? byName : byPlace;
+  if (monitor == monitors.end()) monitor = sameOnes ? byPlace : byName;
   if (monitor != monitors.end()) {
+    covered_ = monitor->monitor;
     coveredName_ = monitor->name;
-  } else if (!coveredName_.empty()) {
-    monitor = std::ranges::find(monitors, coveredName_, &DisplayInfo::name);
   }
   const Rect wanted = monitor == monitors.end() ? seen(normal_, monitors) : monitor->monitor;
   if (form_.windowRect() != wanted) place(wanted);

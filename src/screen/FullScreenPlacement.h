@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -51,8 +52,9 @@ class FullScreenPlacement {
   ui::Form& form_;
   bool maxSize_ = false;
   Rect max_;
-  Rect covered_;  ///< the monitor of the present full screen; `max_` may be the next one's
-  std::string coveredName_;  ///< its name, once it has been seen
+  Rect covered_;  ///< where the monitor of the present full screen was seen last, at first `max_`
+  std::string coveredName_;      ///< its name, once it has been seen
+  std::set<std::string> names_;  ///< of all monitors, when they were looked at last
   Rect normal_;
 };
 

@@ -9,6 +9,8 @@ namespace {
 constexpr Rect kMain{0, 0, 1280, 1024};
 constexpr Rect kSecond{1280, 0, 1920, 1080};
 constexpr Rect kThird{-1280, 0, 1280, 1024};
+constexpr Rect kLeft{0, 0, 1920, 1080};
+constexpr Rect kRight{1920, 0, 1920, 1080};
 constexpr Rect kNormal{100, 60, 800, 600};
 constexpr Rect kMiddle{160, 128, 960, 768};
 
@@ -20,10 +22,10 @@ class MonitorChangeTest : public ScreenFixture {
     layOut({kMain, kSecond});
     fullScreenFrom(kNormal);
   }
-  void fullScreenFrom(const Rect& normal) {
+  void fullScreenFrom(const Rect& normal, const Rect& monitor = kSecond) {
     screen.boolMaxSize(false);
     screen.noteMoved(inTwips(normal));
-    screen.setMaximum(kSecond);
+    screen.setMaximum(monitor);
     screen.boolMaxSize(true);
     report();
   }
@@ -125,6 +127,38 @@ TEST_F(MonitorChangeTest, ThePictureStaysOnItsMonitorWhenThatBecomesThePrimary) 
   displays.add({0, 0, 1920, 1080}, true);  // DISPLAY2
   report();
   EXPECT_EQ(place(), (Rect{0, 0, 1920, 1080}));
+}
+
+TEST_F(MonitorChangeTest, ThePictureStaysOnItsMonitorWhenTwoOfOneSizeChangePlaces) {
+  layOut({kLeft, kRight});
+  fullScreenFrom(kNormal, kRight);
+  displays = FakeDisplays{};
+  displays.add(kRight);       // DISPLAY1
+  displays.add(kLeft, true);  // DISPLAY2
+  report();
+  EXPECT_EQ(place(), kLeft);
+  layOut({kLeft, kRight});
+  report();
+  EXPECT_EQ(place(), kRight);
+}
+
+TEST_F(MonitorChangeTest, AMonitorThatHasMovedComesBackAtItsNewPlace) {
+  layOut({kLeft, kRight});
+  report();
+  EXPECT_EQ(place(), kRight);
+  layOut({kLeft});
+  report();
+  EXPECT_EQ(place(), kNormal);
+  displays.remove(displays.add(kMain));
+  displays.add(kRight);  // DISPLAY3
+  report();
+  EXPECT_EQ(place(), kRight);
+}
+
+TEST_F(MonitorChangeTest, WhereANewMonitorTakesTheNameThePlaceCounts) {
+  layOut({kMain, kThird, kSecond});
+  report();
+  EXPECT_EQ(place(), kSecond);
 }
 
 TEST_F(MonitorChangeTest, PluggedInUnderAnotherNameItIsTheSamePlace) {
