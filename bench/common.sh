@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # To be sourced by the measuring scripts, after cd to the project's root:
 #
-#   figures DIGITS      reads numbers, prints "median (least to most, N times)"
+#   figures DIGITS      reads numbers, prints "median (least to most, N times)", or how many are none
 #   row CELL…           a line of a table
 #   spent_by PID        seconds of processor time, in the program and in the system for it
 #   process_named NAME  the process of this Wine environment (PLAYER_NAME) with that name
@@ -13,8 +13,10 @@ source tools/player
 
 figures() {
   sort -n | awk -v digits="$1" '
+    $1 !~ /^[0-9.-]*[0-9]$/ { missing += 1; NR -= 1; next }
     { value[NR] = $1 }
     END {
+      if (missing) { print "not seen " missing " times"; exit }
       if (NR == 0) { print "none"; exit }
       half = int((NR + 1) / 2)
       median = NR % 2 ? value[half] : (value[half] + value[half + 1]) / 2

@@ -36,6 +36,13 @@ measure() {
 }
 percent() { awk -v a="$1" -v b="$2" -v s="$seconds" 'BEGIN { printf "%.2f", (b - a) * 100 / s }'; }
 
+# in_state STATE: what is measured has to be what is said.
+in_state() {
+  if player_wait 10 says "$1"; then return; fi
+  echo "cpu.sh: the player does not say '$1'" >&2
+  exit 1
+}
+says() { [[ $(player_shows state) == "$1"* ]]; }
 player_with() {
   rm -f "$folder"/SysConfig*
   player_list "$folder" 3 40 "$@" >/dev/null
@@ -76,12 +83,15 @@ player_end
 saver=0
 player_with "$film"
 player_drive play
+in_state 正在播放
 sleep 5
 measure "Tessivo plays 640×360, full screen" "$player"
 player_drive play
+in_state 暂停播放
 sleep 3
 measure "paused" "$player"
 player_drive stop
+in_state 停止
 sleep 3
 measure "stopped" "$player"
 leave

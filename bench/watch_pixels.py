@@ -53,10 +53,10 @@ def summary(changes, length, step):
              if phase[1] == "black"][1:]  # the first is before the first item
     if len(late) < 2:
         return "%d items only" % len(starts)
-    within = sum(1 for ms in late if ms <= 40)
-    return ("%d changes: %d within 40 ms; late by %.0f ms (median), %.0f (95 %%), %.0f (worst); "
+    within = sum(1 for ms in late if abs(ms) <= 40)
+    return ("%d changes: %d within 40 ms; late by %.0f ms (least), %.0f (median), %.0f (95 %%), %.0f (worst); "
             "black %d times, %.0f ms at most; looked every %.1f ms" % (
-                len(late), within, statistics.median(late), late[int(len(late) * 0.95)], late[-1],
+                len(late), within, late[0], statistics.median(late), late[int(len(late) * 0.95)], late[-1],
                 len(black), max(black, default=0), step))
 
 

@@ -102,6 +102,7 @@ void Playback::giveUp(const char* message) {
 
 /// What follows a failure is the owner's decision; perhaps nothing does.
 void Playback::failLater(const char* message) {
+  if (!wmpPlayer_) return;
   prepareNext("");
   timErrDelay.setTag(message);
   timErrDelay.setEnabled(true);

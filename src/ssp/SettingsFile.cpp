@@ -47,8 +47,11 @@ SettingsFile::Replaced SettingsFile::replaceFile(const std::string& path,
   const std::string fresh = path + ".new";
   std::error_code error;
   const bool isWritten = writeWhole(fresh, text);
+  if (isWritten && flush_ && !flush_(fresh)) {
+    std::filesystem::remove(toFilePath(fresh), error);
+    return Replaced::notWritten;
+  }
   if (isWritten) {
-    if (flush_) flush_(fresh);
     std::filesystem::rename(toFilePath(fresh), toFilePath(path), error);
     if (!error) return Replaced::done;
   }

@@ -9,8 +9,8 @@ namespace tessivo::ssp {
 /// where the program's may not be written. What lies in the user's folder counts first.
 class SettingsFile {
  public:
-  /// Brings what was written to the file of that path to the disk itself.
-  using Flush = std::function<void(const std::string& path)>;
+  /// Brings what was written to the file of that path to the disk itself. False when it cannot.
+  using Flush = std::function<bool(const std::string& path)>;
 
   /// Two paths; the second may be empty: there is none. Without `flush` the system writes when it
   /// likes.

@@ -96,7 +96,7 @@ class FakeRealPlayer : public RealPlayerSlot {
   }
   void setSource(const std::string& source) override {
     note("source " + source);
-    if (whenSourced) whenSourced();
+    if (const auto act = whenSourced) act();  // perhaps the engine's end
   }
   void prepare(const std::string& source) override { prepared = source; }
   void play() override {

@@ -53,6 +53,7 @@ struct FakeSystemPower : SystemPower {
     text << "parameters " << action << ' ' << parameter << ' ' << word << ' ' << profile;
     trace.add(text.str());
     if (fails) return false;
+    if (action == kSetScreenSaveActive) screenSaverOn = parameter != 0;
     if (answer) word = *answer;
     return true;
   }
@@ -61,10 +62,15 @@ struct FakeSystemPower : SystemPower {
     if (whenAsked) whenAsked();
     text << "execution state " << std::hex << bits;
     trace.add(text.str());
-    return fails ? 0 : 0x80000000;
+    if (!fails) maySleep = bits == kContinuous;
+    return fails ? 0 : kContinuous;
   }
 
+  static constexpr std::uint32_t kSetScreenSaveActive = 17;
+  static constexpr std::uint32_t kContinuous = 0x80000000;
   Trace& trace;
+  bool screenSaverOn = true;
+  bool maySleep = true;
   std::optional<std::uint32_t> answer;
   std::function<void()> whenAsked;  ///< for the execution state
   bool fails = false;

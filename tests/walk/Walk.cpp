@@ -108,9 +108,7 @@ void Walk::endLife() {
   program_.reset();
   stored_ = storedNow();
   world_.pointer.displayCount = 0;  // a process has its own
-  world_.processes.started.clear();
-  world_.processes.asked.clear();
-  world_.processes.looked.clear();
+  world_.processes.clear();
   world_.procedures = FakeWindowProcedures{};
   world_.windows.closed.clear();
   world_.shell.opened.clear();

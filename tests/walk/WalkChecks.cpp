@@ -235,6 +235,8 @@ void Walk::checkDialogs() {
 void Walk::checkSaver() {
   expect(world_.icons.shown.size() == 1, std::to_string(world_.icons.shown.size()) + " icons");
   expect(world_.winProc.listener != nullptr, "requests are not heard");
+  expect(!world_.power.screenSaverOn, "the system's screen saver is on");
+  expect(!world_.power.maySleep, "the system may go to sleep");
   expect(world_.pointer.displayCount >= -1 && world_.pointer.displayCount <= 1,
          "the pointer's counter is " + std::to_string(world_.pointer.displayCount));
   const auto& started = world_.processes.started;
@@ -245,9 +247,10 @@ void Walk::checkSaver() {
         saver.arguments.starts_with("RUN##") && saver.arguments != "RUN##0##0##0##0##0## ";
     if (!run) continue;
     expect(config.boolScreenSaver(), "a saver was started although it is switched off");
-    expect(world_.idleInput.lastInput != saverInput_ || saverInput_ == 0,
+    const std::uint32_t input = world_.processes.lastInputs[saversSeen_];
+    expect(input != saverInput_ || saverInput_ == 0,
            "a saver was started twice without a touch between");
-    saverInput_ = world_.idleInput.lastInput;
+    saverInput_ = input;
   }
 }
 
@@ -312,8 +315,9 @@ void Walk::checkStored() {
   if (world_.mayThrow || unread) return;
   const SysConfig& config = program_->controler.config();
   if (refused || !config.boolSavePlayList()) {
-    // All or nothing; without keeping the list the next start clears it.
-    expect(now == stored_ || now == Stored{}, "a list that was not saved has changed");
+    // Without keeping the list the next start clears it.
+    const bool cleared = !config.boolSavePlayList() && now == Stored{};
+    expect(now == stored_ || cleared, "a list that was not saved has changed");
   } else {
     expect(now == contentOf(program_->playList), "the stored list is not the last one");
   }
@@ -335,6 +339,10 @@ void Walk::checkStored() {
 }
 
 void Walk::checkGone() {
+  expect(world_.power.screenSaverOn, "the system's screen saver has stayed off");
+  expect(world_.power.maySleep, "the system has stayed awake");
+  const auto& privileges = world_.token.adjusted;
+  expect(!privileges.empty() && privileges.back().first, "the privileges have stayed");
   expect(world_.icons.shown.empty(), "the icon has stayed");
   expect(world_.winProc.listener == nullptr, "the window's procedure has stayed");
   expect(!world_.shownWindows.show, "shown windows are still watched");

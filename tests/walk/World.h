@@ -84,6 +84,24 @@ struct WalkLoop : MessageLoop {
   int quits = 0;
 };
 
+/// Keeps with each start when the user had last done something: several may come in one event.
+struct WalkProcesses : FakeProcesses {
+  explicit WalkProcesses(const FakeIdleInput& idleInput) : input(idleInput) {}
+  std::uint32_t start(const std::string& program, const std::string& arguments,
+                      WindowStyle style) override {
+    lastInputs.push_back(input.lastInput);
+    return FakeProcesses::start(program, arguments, style);
+  }
+  void clear() {
+    started.clear();
+    lastInputs.clear();
+    asked.clear();
+    looked.clear();
+  }
+  const FakeIdleInput& input;
+  std::vector<std::uint32_t> lastInputs;
+};
+
 struct WalkFileDialogs : FileDialogs {
   OpenFilesAnswer openFiles(const OpenFilesRequest&) override {
     return answer ? answer() : OpenFilesAnswer{};
@@ -125,7 +143,7 @@ class World {
   FakeThreadTimers threadTimers{time};
   FakeIdleInput idleInput{time};
   FakeSystemPower power{trace};
-  FakeProcesses processes;
+  WalkProcesses processes{idleInput};
   FakeProcessToken token;
   FakeAccounts accounts;
   FakeRegistry registry;

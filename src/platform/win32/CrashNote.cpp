@@ -14,7 +14,8 @@ namespace {
 
 // Everything is ready before: in a crash nothing can be allocated.
 std::array<wchar_t, 32768> logFile;
-std::atomic<bool> isNoted = false;
+std::atomic<DWORD> noting = 0;  ///< the thread that has the word
+constexpr DWORD kNoteMs = 5000;
 
 using Line = std::array<char, 1024>;
 
@@ -50,9 +51,14 @@ void append(const Line& text) {
   CloseHandle(file);
 }
 
-/// Of several threads that crash at once one has the word. The others wait for the end.
+/// Of several threads that crash at once one has the word. The others wait for the end, and bring
+/// it about when it does not come. Who crashes again over the note leaves it at that.
 void noteOnce(const Line& text) {
-  if (isNoted.exchange(true)) Sleep(INFINITE);
+  DWORD other = 0;
+  if (!noting.compare_exchange_strong(other, GetCurrentThreadId())) {
+    if (other != GetCurrentThreadId()) Sleep(kNoteMs);
+    return;
+  }
   append(text);
   SystemParametersInfoW(SPI_SETSCREENSAVEACTIVE, TRUE, nullptr, SPIF_UPDATEINIFILE);
   // As in Win32SystemPower: an answer of the X server's, where there is one, sends it off.

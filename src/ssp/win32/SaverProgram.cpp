@@ -29,12 +29,13 @@ constexpr int kDone = 0;
 constexpr int kNoWindow = 1;
 constexpr int kNotUnderstood = 2;
 
-void flushToDisk(const std::string& path) {
+bool flushToDisk(const std::string& path) {
   const HANDLE file = CreateFileW(toWide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return;
-  FlushFileBuffers(file);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const bool isFlushed = FlushFileBuffers(file) != FALSE;
   CloseHandle(file);
+  return isFlushed;
 }
 
 SettingsFile settingsOf(const SaverProgram& program) {

@@ -71,7 +71,9 @@ TEST(BoundedAnswers, WaitsNoLongerThanItsPatience) {
   BoundedAnswers answers(kShort);
   const auto start = steady_clock::now();
   EXPECT_EQ(answers.ask("X:", dead.question()), std::nullopt);
-  EXPECT_GE(steady_clock::now() - start, kShort);
+  const auto waited = steady_clock::now() - start;
+  EXPECT_GE(waited, kShort);
+  EXPECT_LT(waited, kShort * 100);  // a machine may have much to do
 }
 
 TEST(BoundedAnswers, APlaceThatHangsIsNotAskedAgain) {

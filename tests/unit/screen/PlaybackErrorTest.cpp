@@ -25,6 +25,13 @@ TEST_F(PlaybackErrorTest, UnderAnUnknownRuleAStartStaysPending) {
   EXPECT_EQ(screen.lngState(), playState::kStarting);
 }
 
+TEST_F(PlaybackErrorTest, ProgramLeftWhileAnEngineTakesThePathHasNoErrorPending) {
+  real().whenSourced = [this] { screen.unloadScreen(); };
+  screen.strFilePath("C:\\a.avi");
+  EXPECT_FALSE(screen.play());
+  EXPECT_EQ(time.running(), 0U);
+}
+
 TEST_F(PlaybackErrorTest, UnderAnUnknownRuleFailuresChangeNothing) {
   useRule(-1);
   ASSERT_TRUE(screen.play());

@@ -80,10 +80,22 @@ TEST_F(SettingsFileTest, TextIsFlushedWholeBeforeItTakesTheOldOnesPlace) {
   std::vector<std::string> seen;
   const SettingsFile flushing(beside, own, [&](const std::string& path) {
     seen = {path, textOf(path), textOf(beside)};
+    return true;
   });
   EXPECT_TRUE(flushing.save("new"));
   EXPECT_EQ(seen, (std::vector<std::string>{beside + ".new", "new", "old"}));
   EXPECT_EQ(textOf(beside), "new");
+}
+
+TEST_F(SettingsFileTest, ATextThatDoesNotReachTheDiskIsNotSaved) {
+  write(beside, "old beside");
+  write(own, "old of the user");
+  const SettingsFile broken(beside, own, [](const std::string&) { return false; });
+  EXPECT_FALSE(broken.save("new"));
+  EXPECT_EQ(textOf(beside), "old beside");
+  EXPECT_EQ(textOf(own), "old of the user");
+  EXPECT_FALSE(std::filesystem::exists(beside + ".new"));
+  EXPECT_FALSE(std::filesystem::exists(own + ".new"));
 }
 
 #ifndef _WIN32
