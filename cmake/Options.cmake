@@ -27,9 +27,10 @@ if(TESSIVO_SANITIZE)
 endif()
 
 if(TESSIVO_FUZZ)
-  # Coverage for libFuzzer in everything, also in SQLite; the targets alone are linked with it.
+  # Coverage for libFuzzer in everything, also in SQLite; the targets alone are linked with it. The
+  # corpora have the words that matter: without a look at comparisons it is more than twice as fast.
   add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
-    -fno-omit-frame-pointer -O1 -gline-tables-only)
+    -fno-sanitize-coverage=trace-cmp -fno-omit-frame-pointer -O2 -gline-tables-only)
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
 endif()
