@@ -376,6 +376,19 @@ TEST_F(DirectShowOnDesktop, ManyPlaysLeaveNoHandleAndNoWindowBehind) {
   EXPECT_TRUE(waitFor([&] { return processHandles() <= before + 5; }, 5000));
 }
 
+TEST_F(DirectShowOnDesktop, FilesThatAreGoneLeaveNoThreadBehind) {
+  const auto fail = [&] {
+    player->setSource(media("gone.avi"));
+    player->play();
+    ASSERT_TRUE(waitForTrace("error"));
+    trace.clear();
+  };
+  for (int i = 0; i < 3; ++i) fail();
+  const int before = processThreads();
+  for (int i = 0; i < 10; ++i) fail();
+  EXPECT_TRUE(waitFor([&] { return processThreads() <= before + 3; }, 5000)) << processThreads();
+}
+
 TEST_F(DirectShowOnDesktop, VisibilityAndPlacementAreThoseOfItsWindow) {
   EXPECT_TRUE(player->visible());
   player->setVisible(false);

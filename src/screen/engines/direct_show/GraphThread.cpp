@@ -15,6 +15,17 @@ namespace {
 constexpr std::int32_t kNearMs = 300;
 constexpr DWORD kFrameCheckMs = 10;
 
+/// Wine's file reader leaves a thread behind when it cannot open its file.
+HRESULT whetherReadable(const SourcePath& source) {
+  if (source.isUrl) return S_OK;
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(source.text.c_str(), GENERIC_READ, kShareAll, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return HRESULT_FROM_WIN32(GetLastError());
+  CloseHandle(file);
+  return S_OK;
+}
+
 }  // namespace
 
 GraphThread::GraphThread(HWND engineWindow, WPARAM serial, Order order)
@@ -88,7 +99,9 @@ void GraphThread::run() {
 
 std::unique_ptr<PlaybackGraph> GraphThread::open(std::int32_t startMs) {
   auto graph = std::make_unique<PlaybackGraph>();
-  if (const HRESULT hr = graph->open(order_.source.text, order_.picture); FAILED(hr)) {
+  HRESULT hr = whetherReadable(order_.source);
+  if (SUCCEEDED(hr)) hr = graph->open(order_.source.text, order_.picture);
+  if (FAILED(hr)) {
     post(EngineEvent::failed, hr);
     return nullptr;
   }
