@@ -14,17 +14,17 @@ void ConfigFace::open(ui::Form& owner) {
 
 void ConfigFace::showScreenSaverSettings(ui::Form& owner, const std::string& name,
                                          std::int32_t left, std::int32_t top) {
-  frmScrSaverPramSet placeholder({services_.timers, clock_, processes_,
-                                  [this](const std::string& program, std::int32_t x, std::int32_t y,
-                                         const std::string& caption) {
-                                    return controler_.showAScrSavPrcPramConfigFace(program, x, y,
-                                                                                   caption);
-                                  }},
-                                 owner.twipsPerPixel());
-  placeholder.strProcName(name);
-  placeholder.lngFaceLeft(left);
-  placeholder.lngFaceTop(top);
-  placeholder.showOver(services_.toolkit, owner);
+  frmScrSaverPramSet waiter({services_.timers, clock_, processes_,
+                             [this](const std::string& program, std::int32_t x, std::int32_t y,
+                                    const std::string& caption) {
+                               return controler_.showAScrSavPrcPramConfigFace(program, x, y,
+                                                                              caption);
+                             }},
+                            owner.twipsPerPixel());
+  waiter.strProcName(name);
+  waiter.lngFaceLeft(left);
+  waiter.lngFaceTop(top);
+  waiter.showOver(services_.toolkit, owner);
 }
 
 }  // namespace tessivo

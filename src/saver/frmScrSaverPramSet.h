@@ -11,7 +11,7 @@
 
 namespace tessivo {
 
-/// What the placeholder needs of the system and of the controller.
+/// What the waiting window needs of the system and of the controller.
 struct PramSetServices {
   TimerService& timers;
   const Clock& clock;

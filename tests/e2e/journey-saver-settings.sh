@@ -40,7 +40,7 @@ end_one() {
   : >"$folder/SSP/$1.end"
   player_wait 5 test ! -e "$folder/SSP/$1.end"
 }
-placeholder_title() { sed -n 's/^[0-9]* placeholder \(.*\) at .*/\1/p' "$folder/caller.txt" | head -n 1; }
+waiter_title() { sed -n 's/^[0-9]* waiter \(.*\) at .*/\1/p' "$folder/caller.txt" | head -n 1; }
 
 list() {
   mkdir -p "$folder/SSP/folder.exe"
@@ -81,16 +81,16 @@ own_settings() {
   check "the program starts" player_wait 15 notes_are_more settings '^window focus' 0
   sleep 1
   desktop_screenshot "$shots/settings.png"
-  check "of the placeholder no more is seen than Wine makes of nothing" placeholder_is_a_dot
+  check "of the window that waits no more is seen than Wine makes of nothing" waiter_is_a_dot
   check "the caller and the program are seen" windows_named '^(saver_caller|stand_in_saver)$' 2
   end_one settings
   wait "$caller"
   check "it has the keyboard" test "$(noted settings '^window focus yes')" == 1
   check "its words: place and title of the window that waits" is_started settings \
-    "1 \"$(in_folder settings)\" SHOW_CONFIG_FACE##300##200##$(placeholder_title)"
+    "1 \"$(in_folder settings)\" SHOW_CONFIG_FACE##300##200##$(waiter_title)"
   check "it finds that window" test "$(noted settings '^owner yes')" == 1
   check "the title is the time of day with a mark" title_is_a_time
-  check "that window has no size" caller_said 'placeholder .* at 300,200,0,0$'
+  check "that window has no size" caller_said 'waiter .* at 300,200,0,0$'
   check "never" no_size_but_zero
   check "it starts 200 ms after it was asked for" between 190 900 "$(caller_tick 'owner off')" \
     "$(noted_tick settings start)"
@@ -99,7 +99,7 @@ own_settings() {
   check "and was off till then" between 0 1000 "$ended" "$(caller_tick returned)"
 }
 # Wine gives a window without a size one pixel of the X server's.
-placeholder_is_a_dot() {
+waiter_is_a_dot() {
   local window
   window=$(xdotool search --name '213ScrSavPramSet')
   [[ -n $window ]] || return
@@ -111,11 +111,11 @@ windows_named() {
   ((found == $2))
 }
 title_is_a_time() {
-  found=$(placeholder_title)
+  found=$(waiter_title)
   [[ $found =~ ^([0-9]{1,5})(\.[0-9]{1,3})?213ScrSavPramSet$ ]] && ((10#${BASH_REMATCH[1]} <= 86400))
 }
 no_size_but_zero() {
-  found=$(grep ' placeholder ' "$folder/caller.txt" | grep -v ',0,0$' || true)
+  found=$(grep ' waiter ' "$folder/caller.txt" | grep -v ',0,0$' || true)
   [[ -z $found ]]
 }
 
@@ -147,8 +147,8 @@ cannot_start() {
   check "$1: the log says so" caller_said "^error screen saver not started, error $2: "
   check "$1: the owner is off for a moment" between 450 1500 "$(caller_tick 'owner off')" \
     "$(caller_tick 'owner on')"
-  check "$1: the placeholder goes 300 ms after it looked for the program" between 280 800 \
-    "$(caller_tick 'placeholder .* at 300,200,0,0')" "$(caller_tick returned)"
+  check "$1: the window that waits goes 300 ms after it looked for the program" between 280 800 \
+    "$(caller_tick 'waiter .* at 300,200,0,0')" "$(caller_tick returned)"
 }
 
 journey saver-settings

@@ -4,7 +4,7 @@
 //   list FOLDER             "name N" for each program found, N from 1, between bars
 //   preview FOLDER NAME
 //   configure FOLDER NAME   over a window of its own, titled "saver_caller". Says, with the
-//                           system's milliseconds: "owner off", "placeholder TITLE at X,Y,W,H",
+//                           system's milliseconds: "owner off", "waiter TITLE at X,Y,W,H",
 //                           "owner on" and "returned"; prints what the log says, too
 #include <windows.h>
 // After windows.h, which it needs:
@@ -86,11 +86,11 @@ void list(Caller& caller) {
   }
 }
 
-/// Looks again and again at the owner and at the placeholder, and says what has changed.
+/// Looks again and again at the owner and at the waiter, and says what has changed.
 class Witness {
  public:
-  Witness(TimerService& timers, const ui::Form& owner, const ui::Form& placeholder)
-      : owner_(owner), placeholder_(placeholder), timer_(timers, "timWitness", kLookMs) {
+  Witness(TimerService& timers, const ui::Form& owner, const ui::Form& waiter)
+      : owner_(owner), waiter_(waiter), timer_(timers, "timWitness", kLookMs) {
     timer_.onTimer.listen([this] { look(); });
     timer_.setEnabled(true);
   }
@@ -98,17 +98,17 @@ class Witness {
     const bool isOn = IsWindowEnabled(windowOf(owner_)) != 0;
     if (isOn != wasOn_) say(isOn ? "owner on" : "owner off");
     wasOn_ = isOn;
-    if (!placeholder_.isOpen()) return;
-    const HWND window = windowOf(placeholder_);
+    if (!waiter_.isOpen()) return;
+    const HWND window = windowOf(waiter_);
     const std::string place = placeOf(window);
     if (place == lastPlace_) return;
     lastPlace_ = place;
-    say("placeholder " + placeholder_.caption() + " at " + place);
+    say("waiter " + waiter_.caption() + " at " + place);
   }
 
  private:
   const ui::Form& owner_;
-  const ui::Form& placeholder_;
+  const ui::Form& waiter_;
   ui::Timer timer_;
   bool wasOn_ = true;
   std::string lastPlace_;
@@ -146,19 +146,19 @@ void preview(Caller& caller, const std::string& name) {
 void configure(Caller& caller, const std::string& name) {
   const TwipsPerPixel twips = caller.displays.twipsPerPixel();
   Asker asker(caller);
-  frmScrSaverPramSet placeholder({caller.timers, caller.clock, caller.processes,
-                                  [&caller](const std::string& program, std::int32_t x,
-                                            std::int32_t y, const std::string& ownerCaption) {
-                                    return caller.controller.showAScrSavPrcPramConfigFace(
-                                        program, x, y, ownerCaption);
-                                  }},
-                                 twips);
-  placeholder.strProcName(name);
-  placeholder.lngFaceLeft(static_cast<std::int32_t>(kFacePixels.x * twips.x));
-  placeholder.lngFaceTop(static_cast<std::int32_t>(kFacePixels.y * twips.y));
-  Witness witness(caller.timers, asker.form, placeholder);
+  frmScrSaverPramSet waiter({caller.timers, caller.clock, caller.processes,
+                             [&caller](const std::string& program, std::int32_t x, std::int32_t y,
+                                       const std::string& ownerCaption) {
+                               return caller.controller.showAScrSavPrcPramConfigFace(program, x, y,
+                                                                                     ownerCaption);
+                             }},
+                            twips);
+  waiter.strProcName(name);
+  waiter.lngFaceLeft(static_cast<std::int32_t>(kFacePixels.x * twips.x));
+  waiter.lngFaceTop(static_cast<std::int32_t>(kFacePixels.y * twips.y));
+  Witness witness(caller.timers, asker.form, waiter);
   say("asked");
-  placeholder.showOver(asker.toolkit, asker.form);
+  waiter.showOver(asker.toolkit, asker.form);
   say("returned");
   witness.look();
 }

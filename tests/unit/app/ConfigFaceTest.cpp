@@ -89,12 +89,12 @@ TEST_F(ConfigFaceTest, PreviewsAndConfiguresAProgram) {
     dialog.cmdPreviewSS.click();
     processes.run(400, "C:\\p\\SSP\\clock.exe");
     bool waited = false;
-    dialogs.whenModal = [&](ui::Form& placeholder) {
+    dialogs.whenModal = [&](ui::Form& waiter) {
       time.advance(1000);
-      waited = placeholder.visible();
+      waited = waiter.visible();
       processes.running.clear();
       time.advance(300);
-      EXPECT_FALSE(placeholder.visible());
+      EXPECT_FALSE(waiter.visible());
     };
     dialog.setBounds({1500, 3000, 7500, 6300});
     dialog.cmdPramSet.click();

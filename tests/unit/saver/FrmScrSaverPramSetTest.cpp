@@ -17,7 +17,7 @@ class FrmScrSaverPramSetTest : public testing::Test {
     pramSet.lngFaceLeft(3000);
     pramSet.lngFaceTop(1500);
   }
-  /// Opens the settings while `meanwhile` happens; the placeholder closes by itself or not.
+  /// Opens the settings while `meanwhile` happens; the waiter closes by itself or not.
   void showWhile(const std::function<void()>& meanwhile) {
     toolkit.whenModal = [&](ui::Form&) { meanwhile(); };
     pramSet.showOver(toolkit, owner);

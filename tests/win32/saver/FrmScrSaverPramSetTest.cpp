@@ -1,4 +1,4 @@
-// The placeholder with a real window, and a real program whose settings it waits for.
+// The waiter with a real window, and a real program whose settings it waits for.
 #include "saver/frmScrSaverPramSet.h"
 
 #include <gtest/gtest.h>
@@ -29,12 +29,12 @@ class FrmScrSaverPramSetTest : public testing::Test {
     owner.setBounds({1500, 1500, 6000, 4500});
     toolkit.open(owner);
     owner.show();
-    placeholder.strProcName("settings");
-    placeholder.lngFaceLeft(300 * 15);
-    placeholder.lngFaceTop(200 * 15);
+    waiter.strProcName("settings");
+    waiter.lngFaceLeft(300 * 15);
+    waiter.lngFaceTop(200 * 15);
   }
 
-  /// Shows the placeholder, and calls `look` again and again until that says it is enough. One that
+  /// Shows the waiter, and calls `look` again and again until that says it is enough. One that
   /// does not go is a failure.
   void showOver(const std::function<bool()>& look) {
     const ULONGLONG deadline = GetTickCount64() + kDeadlineMs;
@@ -45,10 +45,10 @@ class FrmScrSaverPramSetTest : public testing::Test {
       if (GetTickCount64() < deadline) return;
       ADD_FAILURE() << "it does not go";
       looking.setEnabled(false);
-      placeholder.unload();
+      waiter.unload();
     });
     looking.setEnabled(true);
-    placeholder.showOver(toolkit, owner);
+    waiter.showOver(toolkit, owner);
   }
   std::string start(const std::string& name, std::int32_t x, std::int32_t y,
                     const std::string& caption) {
@@ -66,7 +66,7 @@ class FrmScrSaverPramSetTest : public testing::Test {
   StandInSavers savers;
   ui::Form owner{"owner", "owner", TwipsPerPixel{}};
   Point place;
-  frmScrSaverPramSet placeholder{
+  frmScrSaverPramSet waiter{
       {timers, clock, processes,
        [this](const std::string& name, std::int32_t x, std::int32_t y, const std::string& caption) {
          return start(name, x, y, caption);
@@ -83,11 +83,11 @@ TEST_F(FrmScrSaverPramSetTest, WindowIsThereButHasNoSize) {
   HWND above = nullptr;
   showOver([&] {
     if (savers.noted("settings", "window") < 1) return false;
-    window = windowOf(placeholder);
+    window = windowOf(waiter);
     GetWindowRect(window, &rect);
     style = GetWindowLongPtrW(window, GWL_STYLE);
     above = GetWindow(window, GW_OWNER);
-    found = FindWindowW(nullptr, toWide(placeholder.caption()).c_str());
+    found = FindWindowW(nullptr, toWide(waiter.caption()).c_str());
     savers.endOne("settings");
     return true;
   });
@@ -96,7 +96,7 @@ TEST_F(FrmScrSaverPramSetTest, WindowIsThereButHasNoSize) {
   EXPECT_EQ(rect.right, 300);
   EXPECT_EQ(rect.bottom, 200);
   EXPECT_EQ(style & (WS_CAPTION | WS_THICKFRAME | WS_SYSMENU), 0);
-  EXPECT_TRUE(placeholder.caption().ends_with("213ScrSavPramSet"));
+  EXPECT_TRUE(waiter.caption().ends_with("213ScrSavPramSet"));
   EXPECT_EQ(found, window);
   EXPECT_EQ(above, windowOf(owner));
   EXPECT_EQ(place, (Point{300, 200}));
@@ -119,7 +119,7 @@ TEST_F(FrmScrSaverPramSetTest, OwnerIsOffUntilTheProgramHasEnded) {
   EXPECT_TRUE(offBefore);
   EXPECT_FALSE(onWhileItRan);
   EXPECT_TRUE(isOwnerOn());
-  EXPECT_FALSE(placeholder.isOpen());
+  EXPECT_FALSE(waiter.isOpen());
 }
 
 TEST_F(FrmScrSaverPramSetTest, LastOfTwoCopiesCounts) {
@@ -134,7 +134,7 @@ TEST_F(FrmScrSaverPramSetTest, LastOfTwoCopiesCounts) {
       firstEnd = GetTickCount64();
       savers.endOne("settings");
     }
-    if (GetTickCount64() - firstEnd < 1000) return false;  // several looks of the placeholder
+    if (GetTickCount64() - firstEnd < 1000) return false;  // several looks of the waiter
     stillOff = savers.noted("settings", "end") == 1 && !isOwnerOn();
     savers.endOne("settings");
     return true;
@@ -157,7 +157,7 @@ TEST_F(FrmScrSaverPramSetTest, ClosingItEndsTheWaiting) {
   savers.add("settings");
   showOver([&] {
     if (savers.noted("settings", "window") < 1) return false;
-    PostMessageW(windowOf(placeholder), WM_CLOSE, 0, 0);
+    PostMessageW(windowOf(waiter), WM_CLOSE, 0, 0);
     return true;
   });
   EXPECT_EQ(savers.noted("settings", "end"), 0);
@@ -170,7 +170,7 @@ TEST_F(FrmScrSaverPramSetTest, ItCanBeShownAgain) {
   for (int round = 0; round < 2; ++round) {
     showOver([] { return false; });
     EXPECT_TRUE(isOwnerOn());
-    EXPECT_FALSE(placeholder.isOpen());
+    EXPECT_FALSE(waiter.isOpen());
   }
 }
 
