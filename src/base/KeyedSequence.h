@@ -34,6 +34,13 @@ namespace tessivo {
 template <typename Item, typename KeyOf>
 class KeyedSequence {
  public:
+  using ByKey = std::unordered_multimap<std::string, std::size_t>;
+  /// All that grows with the list.
+  struct Contents {
+    std::vector<std::optional<Item>> items;  ///< in list order, with gaps where one was erased
+    ByKey byKey;                             ///< each one's place among `items`
+  };
+
   std::size_t size() const { return byKey_.size(); }
   bool empty() const { return size() == 0; }
 
@@ -106,12 +113,10 @@ class KeyedSequence {
     std::swap(entryOfOne->second, entryOfOther->second);
   }
 
-  /// Empties the list and hands out the items in list order, with a gap (nothing) where one had
-  /// been erased.
-  std::vector<std::optional<Item>> takeAll() {
+  /// Empties the list and hands out what it held. Costs the same for any length.
+  Contents takeAll() {
     used_.clear();
-    byKey_.clear();
-    return std::exchange(slots_, {});
+    return {std::exchange(slots_, {}), std::exchange(byKey_, {})};
   }
 
   /// Calls `visit` with every item in list order. `visit` must not change the list.
@@ -123,7 +128,6 @@ class KeyedSequence {
   }
 
  private:
-  using ByKey = std::unordered_multimap<std::string, std::size_t>;
   static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
   static constexpr std::size_t kFewSlots = 64;
 

@@ -19,6 +19,7 @@
 #include "data/MoveIn.h"
 #include "platform/win32/ProcessSetUp.h"
 #include "platform/win32/WindowsText.h"
+#include "soak/OwnMemory.h"
 #include "win32/Settle.h"
 // After windows.h, which it needs:
 #include <psapi.h>
@@ -35,9 +36,10 @@ constexpr ui::KeyCode kEnter = 13;
 /// What may come and go by itself.
 constexpr int kSlack = 3;
 constexpr int kDrawingSlack = 10;
+constexpr std::size_t kOwnMemorySlack = std::size_t{512} * 1024;
 constexpr std::size_t kMemorySlackMb = 25;
 /// What Wine loses with an item, at most (see docs/reliability.md).
-constexpr std::size_t kMemoryLostMb = 2;
+constexpr double kMemoryLostMb = 1.5;
 /// Longer than the playback window waits for an engine that does not answer.
 constexpr DWORD kLongestRestMs = 90000;
 
@@ -55,6 +57,7 @@ struct Counts {
   ResourceCounts resources;
   std::size_t timers;
   std::size_t megabytes = memoryInUse();
+  OwnMemory own = ownMemory();
 };
 
 class Soak {
@@ -104,7 +107,7 @@ class Soak {
   void work(int changes) {
     while (changes_ < changes) {
       step();
-      watch(static_cast<DWORD>(20 + below(below(4) == 0 ? 2500 : 500)));
+      watch(DWORD{20} + static_cast<DWORD>(below(below(4) == 0 ? 2500 : 500)));
     }
   }
 
@@ -189,7 +192,7 @@ class Soak {
         kLongestRestMs);
     p.controler.leaveFullScreen();
     p.panel.cmdClearPlayErrLL.click();
-    const auto screen = reinterpret_cast<HWND>(p.screen.nativeHandle());
+    auto* const screen = reinterpret_cast<HWND>(p.screen.nativeHandle());
     if (!waitFor([&] { return pictureWindows(screen) == 0; }, kLongestRestMs)) {
       check("every picture window goes", false);
     }
@@ -197,7 +200,9 @@ class Soak {
     const Counts counts(ground_.timers, changes_);
     std::cout << "after " << changes_ << " changes (" << ends_ << " ends, " << failures_
               << " failures): " << counts.resources << ", " << counts.timers << " timers, "
-              << counts.megabytes << " MB" << std::endl;
+              << counts.megabytes << " MB, own: " << counts.own.blocks << " blocks of "
+              << counts.own.bytes / 1024 << " KB, database " << counts.own.databaseBytes / 1024
+              << " KB" << std::endl;
     return counts;
   }
 
@@ -210,9 +215,13 @@ class Soak {
     check("no more handles", last.otherHandles <= first.otherHandles + kSlack);
     check("no more threads", last.threads <= first.threads + kSlack);
     check("the same timers", after.timers == before.timers);
+    check("no more memory of its own",
+          after.own.bytes + after.own.databaseBytes <=
+              before.own.bytes + before.own.databaseBytes + kOwnMemorySlack);
+    const auto changes = static_cast<double>(after.changes - before.changes);
     check("no more memory than Wine loses",
-          after.megabytes <=
-              before.megabytes + kMemorySlackMb + kMemoryLostMb * (after.changes - before.changes));
+          after.megabytes <= before.megabytes + kMemorySlackMb +
+                                 static_cast<std::size_t>(kMemoryLostMb * changes));
   }
 
   Ground& ground_;

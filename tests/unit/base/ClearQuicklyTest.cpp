@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include "base/KeyedSequence.h"
 
@@ -69,9 +70,22 @@ TEST(ClearQuickly, WhoeverFreesElsewhereWaitsForItInTheEnd) {
   const auto ends = std::make_shared<Ends>();
   {
     FreedElsewhere elsewhere;
-    elsewhere.free(elements(kMany, ends).takeAll());
+    elsewhere.free(elements(kMany, ends).takeAll().items);
   }
   EXPECT_EQ(ends->elsewhere, kMany);
+  EXPECT_EQ(ends->here, 0);
+}
+
+TEST(ClearQuickly, OneContainerAfterTheOtherIsFreedElsewhere) {
+  constexpr int kMany = 2500;
+  const auto ends = std::make_shared<Ends>();
+  {
+    std::unordered_multimap<int, std::unique_ptr<Element>> byNumber;
+    for (int i = 0; i < kMany; ++i) byNumber.emplace(i / 2, std::make_unique<Element>(ends));
+    FreedElsewhere elsewhere;
+    elsewhere.free(elements(kMany, ends).takeAll().items, std::move(byNumber));
+  }
+  EXPECT_EQ(ends->elsewhere, 2 * kMany);
   EXPECT_EQ(ends->here, 0);
 }
 

@@ -103,10 +103,11 @@ TEST(KeyedSequence, EmptiedItIsAsNewAndHandsOutWhatItHad) {
   auto rows = rowsWithKeys({"a", "b", "c"});
   rows.erase(1);
   const auto all = rows.takeAll();
-  ASSERT_EQ(all.size(), 3u);
-  EXPECT_EQ((*all[0])->key, "a");
-  EXPECT_EQ(all[1], std::nullopt);
-  EXPECT_EQ((*all[2])->key, "c");
+  ASSERT_EQ(all.items.size(), 3u);
+  EXPECT_EQ((*all.items[0])->key, "a");
+  EXPECT_EQ(all.items[1], std::nullopt);
+  EXPECT_EQ((*all.items[2])->key, "c");
+  EXPECT_EQ(all.byKey, (Rows::ByKey{{"A", 0}, {"C", 2}}));
   EXPECT_TRUE(rows.empty());
   EXPECT_EQ(rows.find("a"), nullptr);
   rows.append(row("z"));

@@ -75,6 +75,12 @@ bool GrabbedPicture::paint(HDC dc) const {
   return true;
 }
 
+void GrabbedPicture::forget() {
+  const std::lock_guard lock(mutex_);
+  forgotten_ = true;
+  frame_ = {};
+}
+
 HRESULT GrabbedPicture::OnProcessSample(REFGUID, DWORD, LONGLONG, LONGLONG, const BYTE* bytes,
                                         DWORD size) {
   const auto expected = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_) * 4;
@@ -82,6 +88,7 @@ HRESULT GrabbedPicture::OnProcessSample(REFGUID, DWORD, LONGLONG, LONGLONG, cons
   bool first = false;
   try {
     const std::lock_guard lock(mutex_);
+    if (forgotten_) return S_OK;
     first = frame_.empty();
     frame_.assign(bytes, bytes + expected);
   } catch (const std::bad_alloc&) {

@@ -31,6 +31,9 @@ class GrabbedPicture final : public IMFSampleGrabberSinkCallback {
   /// Draws the present frame into the window, its aspect ratio kept, on black; false when there is
   /// none yet. User-interface thread.
   bool paint(HDC dc) const;
+  /// Lets go of its frame, and takes no other. Any thread. Wine's session, broken off, never
+  /// releases its callback, and a frame is some megabytes.
+  void forget();
 
   STDMETHODIMP QueryInterface(REFIID id, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override;
@@ -57,6 +60,7 @@ class GrabbedPicture final : public IMFSampleGrabberSinkCallback {
   const LONG shownHeight_;
   mutable std::mutex mutex_;
   std::vector<BYTE> frame_;  ///< 32 bits a pixel, the top row first; empty before the first frame
+  bool forgotten_ = false;
 };
 
 #pragma GCC diagnostic pop

@@ -55,6 +55,10 @@ MediaPresentation::MediaPresentation(HWND engineWindow, WPARAM serial, Order ord
       amplitude_(order_.amplitude),
       waits_(order_.waits) {}
 
+MediaPresentation::~MediaPresentation() {
+  if (grabbed_) grabbed_->forget();
+}
+
 template <typename T>
 ComPtr<T> MediaPresentation::held(const ComPtr<T>& member) const {
   const std::lock_guard lock(mutex_);

@@ -29,6 +29,9 @@ class MediaPresentation final : public AttemptThread {
   };
 
   MediaPresentation(HWND engineWindow, WPARAM serial, Order order);
+  ~MediaPresentation() override;
+  MediaPresentation(const MediaPresentation&) = delete;
+  MediaPresentation& operator=(const MediaPresentation&) = delete;
 
   void close() override;
 
