@@ -78,7 +78,7 @@ bool GrabbedPicture::paint(HDC dc) const {
 void GrabbedPicture::forget() {
   const std::lock_guard lock(mutex_);
   forgotten_ = true;
-  frame_ = {};
+  std::vector<BYTE>().swap(frame_);  // an assignment of nothing keeps the memory
 }
 
 HRESULT GrabbedPicture::OnProcessSample(REFGUID, DWORD, LONGLONG, LONGLONG, const BYTE* bytes,
