@@ -14,8 +14,8 @@
 namespace tessivo {
 
 /// Frees elements on threads of their own, in portions with pauses: without them whoever allocates
-/// meanwhile stands still for half a second under Wine, whose heap has one lock. In the end what is
-/// left is waited for: a thread that ends with the process may leave the heap locked.
+/// meanwhile stands still for half a second under Wine, whose heap has one lock. Whoever
+/// destroys it waits for what is left.
 class FreedElsewhere {
  public:
   FreedElsewhere() = default;

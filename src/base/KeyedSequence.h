@@ -35,7 +35,7 @@ template <typename Item, typename KeyOf>
 class KeyedSequence {
  public:
   using ByKey = std::unordered_multimap<std::string, std::size_t>;
-  /// All that grows with the list.
+  /// All that takes long to free.
   struct Contents {
     std::vector<std::optional<Item>> items;  ///< in list order, with gaps where one was erased
     ByKey byKey;                             ///< each one's place among `items`

@@ -87,6 +87,7 @@ void FullScreenPlacement::enter() {
   covered_ = max_;
   coveredName_.clear();
   names_.clear();
+  places_.clear();
   form_.setTopmost(true);
 }
 
@@ -107,17 +108,20 @@ void FullScreenPlacement::hold(const Displays& displays) {
 /// The monitor keeps its name when it moves or changes its size, and its place when it is plugged
 /// in again under another name. Names are given anew only when a monitor has come or gone: as long
 /// as they are the same ones, the name counts first, which tells monitors that have changed places.
+/// The place is the one among these monitors: without the primary one, all others have another.
 void FullScreenPlacement::holdOver(const std::vector<DisplayInfo>& monitors) {
-  const auto byPlace = std::ranges::find(monitors, covered_, &DisplayInfo::monitor);
+  const std::set<std::string> names = namesOf(monitors);
+  const auto known = places_.find(names);
+  const Rect& was = known == places_.end() ? covered_ : known->second;
+  const auto byPlace = std::ranges::find(monitors, was, &DisplayInfo::monitor);
   const auto byName = std::ranges::find(monitors, coveredName_, &DisplayInfo::name);
-  std::set<std::string> names = namesOf(monitors);
-  const bool sameOnes = names == names_;
-  names_ = std::move(names);
+  const bool sameOnes = std::exchange(names_, names) == names;
   auto monitor = sameOnes ? byName : byPlace;
   if (monitor == monitors.end()) monitor = sameOnes ? byPlace : byName;
   if (monitor != monitors.end()) {
     covered_ = monitor->monitor;
     coveredName_ = monitor->name;
+    places_[names] = covered_;
   }
   const Rect wanted = monitor == monitors.end() ? seen(normal_, monitors) : monitor->monitor;
   if (form_.windowRect() != wanted) place(wanted);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -55,6 +56,8 @@ class FullScreenPlacement {
   Rect covered_;  ///< where the monitor of the present full screen was seen last, at first `max_`
   std::string coveredName_;      ///< its name, once it has been seen
   std::set<std::string> names_;  ///< of all monitors, when they were looked at last
+  /// Where that monitor was seen last, by the names of all that were there with it.
+  std::map<std::set<std::string>, Rect> places_;
   Rect normal_;
 };
 

@@ -59,8 +59,8 @@ void Playback::detach() {
   timRealPopuWinErrCheck.setEnabled(false);
   timMediaPlayJinDu.setEnabled(false);
   connections_.clear();
-  wmpPlayer_ = nullptr;
-  realPlayer_ = nullptr;
+  wmpPlayer_ = &noMediaPlayer_;
+  realPlayer_ = &noRealPlayer_;
 }
 
 void Playback::listenToEngines() {
@@ -69,7 +69,7 @@ void Playback::listenToEngines() {
       [this](MediaPlayState state) { mediaStateChanged(state); }));
   connections_.push_back(wmpPlayer_->mediaError.connect([this] {
     wmpPlayer_->clearErrorQueue();
-    timMediaErrDelay.setEnabled(true);
+    startTimer(timMediaErrDelay);
   }));
   connections_.push_back(realPlayer_->playStateChange.connect(
       [this](RealPlayState before, RealPlayState now) { realStateChanged(before, now); }));
@@ -91,11 +91,10 @@ void Playback::lngPlayRuler(std::int32_t rule) {
 }
 
 std::string Playback::strFilePath() const {
-  return wmpPlayer_ ? wmpPlayer_->url() : "";
+  return wmpPlayer_->url();
 }
 
 void Playback::strFilePath(const std::string& path) {
-  if (!wmpPlayer_) return;
   lightReset();
   if (realPlayer_->canStop()) stopExpected_ = true;
   const std::string plain(unquoted(path));
@@ -105,7 +104,7 @@ void Playback::strFilePath(const std::string& path) {
 }
 
 void Playback::prepareNext(const std::string& path) {
-  if (!wmpPlayer_) return;
+  if (!attached()) return;
   prepared_ = unquoted(path);
   if (firstCannot_ != prepared_) firstCannot_.clear();
   const std::string other = usesBoth(rule_) ? firstCannot_ : "";
@@ -139,7 +138,7 @@ bool Playback::play() {
 }
 
 void Playback::pause() {
-  if (!wmpPlayer_ || state_ != playState::kPlaying) return;
+  if (!attached() || state_ != playState::kPlaying) return;
   state_ = playState::kPaused;
   mediaPlayerIsCurrent() ? wmpPlayer_->pause() : realPlayer_->pause();
 }
@@ -152,20 +151,18 @@ void Playback::stopPlay() {
 
 void Playback::intVolume(std::int16_t volume) {
   volume_ = volume;
-  if (!wmpPlayer_) return;
   wmpPlayer_->setVolume(volume);
   realPlayer_->setVolume(volume);
 }
 
 void Playback::boolMute(bool mute) {
   mute_ = mute;
-  if (!wmpPlayer_) return;
   wmpPlayer_->setMute(mute);
   realPlayer_->setMute(mute);
 }
 
 std::optional<std::int32_t> Playback::lngJinDu() {
-  if (!wmpPlayer_ || !mediaPlayerIsCurrent()) return position_;
+  if (!attached() || !mediaPlayerIsCurrent()) return position_;
   const auto position = roundedToInt16(wmpPlayer_->currentPosition());
   if (!position) return std::nullopt;
   position_ = *position;
@@ -174,7 +171,7 @@ std::optional<std::int32_t> Playback::lngJinDu() {
 
 bool Playback::lngJinDu(std::int32_t seconds) {
   position_ = seconds;
-  if (!wmpPlayer_) return true;
+  if (!attached()) return true;
   wmpPlayer_->setCurrentPosition(seconds);
   const auto milliseconds = roundedToInt32(seconds * 1000.0);
   if (!milliseconds) return false;
@@ -183,7 +180,6 @@ bool Playback::lngJinDu(std::int32_t seconds) {
 }
 
 std::int32_t Playback::lngFileLength() const {
-  if (!wmpPlayer_) return 0;
   if (!mediaPlayerIsCurrent()) {
     return roundedToInt32(realPlayer_->lengthMs() / 1000.0).value_or(0);
   }
@@ -191,7 +187,7 @@ std::int32_t Playback::lngFileLength() const {
 }
 
 void Playback::reset() {
-  if (!wmpPlayer_) return;
+  if (!attached()) return;
   stopMediaPlayer();
   stopRealPlayer();
   positionCleared.raise();

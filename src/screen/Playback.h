@@ -9,6 +9,7 @@
 #include "platform/Log.h"
 #include "platform/TimerService.h"
 #include "screen/MediaPlayerSlot.h"
+#include "screen/NoEngines.h"
 #include "screen/PlayRule.h"
 #include "screen/RealPlayerSlot.h"
 #include "ui/Timer.h"
@@ -96,6 +97,10 @@ class Playback {
 
   void listenToTimers();
   void listenToEngines();
+  /// Whether there are engines. They may go during any call of theirs.
+  bool attached() const { return wmpPlayer_ != &noMediaPlayer_; }
+  /// Not after the engines have gone.
+  void startTimer(ui::Timer& timer) { timer.setEnabled(attached()); }
   void reset();
   void lightReset();
   void stopMediaPlayer();
@@ -125,8 +130,10 @@ class Playback {
 
   const Files& files_;
   Log& log_;
-  MediaPlayerSlot* wmpPlayer_ = nullptr;
-  RealPlayerSlot* realPlayer_ = nullptr;
+  NoMediaPlayer noMediaPlayer_;
+  NoRealPlayer noRealPlayer_;
+  MediaPlayerSlot* wmpPlayer_ = &noMediaPlayer_;
+  RealPlayerSlot* realPlayer_ = &noRealPlayer_;
   std::vector<Connection> connections_;
 
   std::int32_t state_ = playState::kStopped;

@@ -63,26 +63,26 @@ void Playback::startRealPlayer() {
   // swallow the failure or the end of this file.
   if (!realPlayer_->canStop()) stopExpected_ = false;
   timRealPopuWinErrCheck.setEnabled(false);  // one left from an earlier start would close too soon
-  timRealPopuWinErrCheck.setEnabled(true);
+  startTimer(timRealPopuWinErrCheck);
   awaitAnswer();
   realPlayer_->play();
 }
 
 void Playback::handleMediaError() {
-  if (rule_ == playRule::kPreferMedia) timRealPlayDelay.setEnabled(true);
+  if (rule_ == playRule::kPreferMedia) startTimer(timRealPlayDelay);
   if (rule_ == playRule::kPreferReal) giveUp(playMessage::kMediaFailedLast);
   if (rule_ == playRule::kMediaOnly) giveUp(playMessage::kMediaOnlyFailed);
 }
 
 void Playback::handleRealError() {
-  if (rule_ == playRule::kPreferReal) timMediaPlayDelay.setEnabled(true);
+  if (rule_ == playRule::kPreferReal) startTimer(timMediaPlayDelay);
   if (rule_ == playRule::kPreferMedia) giveUp(playMessage::kRealFailedLast);
   if (rule_ == playRule::kRealOnly) giveUp(playMessage::kRealOnlyFailed);
 }
 
 void Playback::awaitAnswer() {
   timNoAnswer.setEnabled(false);
-  timNoAnswer.setEnabled(true);
+  startTimer(timNoAnswer);
 }
 
 void Playback::handleNoAnswer() {
@@ -102,10 +102,10 @@ void Playback::giveUp(const char* message) {
 
 /// What follows a failure is the owner's decision; perhaps nothing does.
 void Playback::failLater(const char* message) {
-  if (!wmpPlayer_) return;
+  if (!attached()) return;
   prepareNext("");
   timErrDelay.setTag(message);
-  timErrDelay.setEnabled(true);
+  startTimer(timErrDelay);
 }
 
 void Playback::mediaStateChanged(MediaPlayState state) {

@@ -65,7 +65,8 @@ bool SettingsFile::saveForUser(const std::string& text) const {
   const Replaced replaced = replaceFile(ofUser_, text);
   if (replaced != Replaced::heldByOthers) return replaced == Replaced::done;
   std::error_code error;
-  return std::filesystem::is_regular_file(toFilePath(ofUser_), error) && writeWhole(ofUser_, text);
+  return std::filesystem::is_regular_file(toFilePath(ofUser_), error) &&
+         writeWhole(ofUser_, text) && (!flush_ || flush_(ofUser_));
 }
 
 }  // namespace tessivo::ssp

@@ -35,20 +35,34 @@ class FakeMediaPlayer : public MediaPlayerSlot {
     url_ = url;
     position = 0;
     note("url " + url);
+    called();
   }
   void prepare(const std::string& url) override { prepared = url; }
-  void play() override { note("play"); }
+  void play() override {
+    note("play");
+    called();
+  }
   void pause() override { note("pause"); }
-  void stop() override { note("stop"); }
+  void stop() override {
+    note("stop");
+    called();
+  }
   double currentPosition() const override { return position; }
   void setCurrentPosition(double seconds) override {
     position = seconds;
     note("position " + plain(seconds));
+    called();
   }
   MediaPlayState playState() const override { return state; }
   std::optional<double> currentMediaDuration() const override { return duration; }
-  void setVolume(int volume) override { note("volume " + plain(volume)); }
-  void setMute(bool mute) override { note(mute ? "mute" : "sound"); }
+  void setVolume(int volume) override {
+    note("volume " + plain(volume));
+    called();
+  }
+  void setMute(bool mute) override {
+    note(mute ? "mute" : "sound");
+    called();
+  }
   void setEnableErrorDialogs(bool on) override { note(on ? "dialogs" : "no dialogs"); }
   void setInvokeUrls(bool on) override { note(on ? "urls" : "no urls"); }
   void setEnableContextMenu(bool on) override { note(on ? "menu" : "no menu"); }
@@ -57,7 +71,10 @@ class FakeMediaPlayer : public MediaPlayerSlot {
     full = on;
     note(on ? "full screen" : "no full screen");
   }
-  void clearErrorQueue() override { note("clear errors"); }
+  void clearErrorQueue() override {
+    note("clear errors");
+    called();
+  }
 
   void notify(MediaPlayState now) {
     state = now;
@@ -70,8 +87,12 @@ class FakeMediaPlayer : public MediaPlayerSlot {
   bool full = false;  ///< its own full screen
   std::optional<double> duration;
   Rect area;
+  std::function<void()> whenCalled;  ///< runs inside what a control may let messages through in
 
  private:
+  void called() const {
+    if (const auto act = whenCalled) act();  // perhaps the engine's end
+  }
   void note(const std::string& step) { trace_.add("wmp " + step); }
 
   Trace& trace_;

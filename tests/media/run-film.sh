@@ -41,6 +41,8 @@ film classic white 640x480
 film upright white 480x640
 film anamorphic white 640x360 3/4
 film dark 0x050505 640x360
+ffmpeg -v error -y -f lavfi -i "color=white:size=640x360:rate=5:duration=2" -vf fade=in:st=0.5:d=0.1 \
+  -c:v mpeg4 "$work/fade.avi" </dev/null
 shot wide white 1280x720
 shot wider white 1280x536
 shot classic white 1280x960
@@ -59,6 +61,7 @@ check "stretched over the monitor" not seen full wide
 check "of another shape" not seen upright wide
 check "the same the other way round" not seen wide upright
 check "black instead of a bright film" not seen black wide
+check "black instead of a film that begins black" not seen black fade
 check "the desktop instead of a film" not seen desktop dark
 check "the desktop around a film" not seen framed wide
 

@@ -3,8 +3,8 @@
 //
 //   bare_sessions.exe session|graph FILE TIMES MILLISECONDS
 //
-// Prints what an item has cost, the first ten left out. run-bare.sh provides a desktop, sound and
-// media.
+// Prints what an item has cost, the first ten left out. bare-sessions.sh provides a desktop, sound
+// and media.
 #include <dshow.h>
 #include <mfapi.h>
 #include <mfidl.h>

@@ -38,7 +38,8 @@ constexpr int kSlack = 3;
 constexpr int kDrawingSlack = 10;
 constexpr std::size_t kOwnMemorySlack = std::size_t{512} * 1024;
 constexpr std::size_t kMemorySlackMb = 25;
-/// What Wine loses with an item, at most (see docs/reliability.md).
+/// What Wine loses with an item, on the average of these files and engines, at most (see
+/// docs/reliability.md).
 constexpr double kMemoryLostMb = 1.5;
 /// Longer than the playback window waits for an engine that does not answer.
 constexpr DWORD kLongestRestMs = 90000;

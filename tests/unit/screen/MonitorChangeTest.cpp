@@ -155,6 +155,19 @@ TEST_F(MonitorChangeTest, AMonitorThatHasMovedComesBackAtItsNewPlace) {
   EXPECT_EQ(place(), kRight);
 }
 
+TEST_F(MonitorChangeTest, WhenThePrimaryComesBackThePictureStaysOnItsMonitorOfTheSameSize) {
+  layOut({kLeft, kRight});
+  fullScreenFrom(kNormal, kRight);
+  displays = FakeDisplays{};
+  displays.remove(displays.add(kLeft));
+  displays.add(kLeft, true);  // DISPLAY2, primary as long as it is alone
+  report();
+  EXPECT_EQ(place(), kLeft);
+  layOut({kLeft, kRight});
+  report();
+  EXPECT_EQ(place(), kRight);
+}
+
 TEST_F(MonitorChangeTest, WhereANewMonitorTakesTheNameThePlaceCounts) {
   layOut({kMain, kThird, kSecond});
   report();

@@ -32,6 +32,55 @@ TEST_F(PlaybackErrorTest, ProgramLeftWhileAnEngineTakesThePathHasNoErrorPending)
   EXPECT_EQ(time.running(), 0U);
 }
 
+/// What asks something of Media Player, whose control lets messages through: the program is left.
+class LeftInsideACallTest : public PlaybackErrorTest {
+ protected:
+  void leftDuring(const std::function<void()>& what) {
+    useRule(playRule::kPreferMedia);
+    wmp().whenCalled = [this] { screen.unloadScreen(); };
+    what();
+    EXPECT_EQ(time.running(), 0U);
+  }
+};
+
+TEST_F(LeftInsideACallTest, APathIsHandedOver) {
+  leftDuring([this] { screen.strFilePath("C:\\b.avi"); });
+}
+TEST_F(LeftInsideACallTest, ItIsStarted) {
+  leftDuring([this] {
+    EXPECT_TRUE(screen.play());
+    time.advance(5);
+  });
+}
+TEST_F(LeftInsideACallTest, TheOtherEngineTakesOver) {
+  leftDuring([this] {
+    const auto leave = std::exchange(wmp().whenCalled, nullptr);
+    EXPECT_TRUE(screen.play());
+    time.advance(5);
+    wmp().mediaError.raise();
+    wmp().whenCalled = leave;
+    time.advance(5);
+  });
+}
+TEST_F(LeftInsideACallTest, ItFails) {
+  leftDuring([this] { wmp().mediaError.raise(); });
+}
+TEST_F(LeftInsideACallTest, ItPlays) {
+  leftDuring([this] { wmp().notify(MediaPlayState::playing); });
+}
+TEST_F(LeftInsideACallTest, TheRuleChanges) {
+  leftDuring([this] { useRule(playRule::kRealOnly); });
+}
+TEST_F(LeftInsideACallTest, ItIsMadeLouder) {
+  leftDuring([this] { screen.intVolume(5); });
+}
+TEST_F(LeftInsideACallTest, ItIsMuted) {
+  leftDuring([this] { screen.boolMute(true); });
+}
+TEST_F(LeftInsideACallTest, ItIsSentToAPlace) {
+  leftDuring([this] { screen.playback().lngJinDu(7); });
+}
+
 TEST_F(PlaybackErrorTest, UnderAnUnknownRuleFailuresChangeNothing) {
   useRule(-1);
   ASSERT_TRUE(screen.play());

@@ -295,6 +295,9 @@ void MediaPresentation::fail(HRESULT reason) {
 }
 
 void MediaPresentation::letGo() {
+  // Released here, also when something throws.
+  presentation_.reset();
+  const ComPtr<IMFMediaSource> source = std::exchange(source_, {});
   ComPtr<IMFMediaSession> session;
   {
     const std::lock_guard lock(mutex_);
@@ -306,10 +309,8 @@ void MediaPresentation::letGo() {
   // Wine's source reports that it has stopped a moment before it has; shut down in that moment, it
   // would free everything twice.
   if (session && runsOnWine()) Sleep(kSourceSettlesMs);
-  if (source_) source_->Shutdown();
+  if (source) source->Shutdown();
   if (session) session->Shutdown();
-  presentation_.reset();
-  source_.reset();
 }
 
 }  // namespace tessivo

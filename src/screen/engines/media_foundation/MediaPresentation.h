@@ -75,7 +75,7 @@ class MediaPresentation final : public AttemptThread {
   const Order order_;
   ComPtr<IMFMediaSource> source_;                   // own thread only
   ComPtr<IMFPresentationDescriptor> presentation_;  // own thread only
-  UINT64 duration_ = 0;                             // own thread only; 100 ns, 0 unknown
+  UINT64 duration_ = 0;                             // written before `ready_`; 100 ns, 0 unknown
   bool withSound_ = true;                           // own thread only
   bool hasPicture_ = false;                         // own thread only
   std::atomic<float> amplitude_;
