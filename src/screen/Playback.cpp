@@ -95,6 +95,7 @@ std::string Playback::strFilePath() const {
 }
 
 void Playback::strFilePath(const std::string& path) {
+  if (!attached()) return;
   lightReset();
   if (realPlayer_->canStop()) stopExpected_ = true;
   const std::string plain(unquoted(path));
